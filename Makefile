@@ -1,0 +1,77 @@
+# Front door of the project. Every target installs what it needs first.
+#   make deps           install the missing Debian packages
+#   make test           build and run the unit tests
+#   make test-sanitize  the same under AddressSanitizer + UndefinedBehaviorSanitizer,
+#                       and the lock tests under ThreadSanitizer
+#   make bench          build and run the benchmarks
+#   make consumer       install into a staging tree and build tests/consumer against it
+
+JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
+BUILD     ?= build
+ASAN_DIR  ?= build-asan
+TSAN_DIR  ?= build-tsan
+STAGE     ?= $(BUILD)/stage
+CMAKE_ARGS ?=
+
+PACKAGES := g++ make cmake pkg-config \
+	libboost-dev libboost-filesystem-dev libboost-date-time-dev \
+	libexpat1-dev libavformat-dev libavutil-dev \
+	libgtest-dev libgmock-dev libbenchmark-dev
+
+SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+
+.PHONY: all deps build test test-sanitize test-asan test-tsan bench consumer clean
+
+all: build
+
+deps:
+	@missing=""; \
+	for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing:$$missing"; \
+	  $(SUDO) apt-get update -qq && \
+	  DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq --no-install-recommends $$missing; \
+	fi
+
+$(BUILD)/CMakeCache.txt: | deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVMEDIALIB_WERROR=ON $(CMAKE_ARGS)
+
+build: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS)
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+test-asan: deps
+	cmake -S . -B $(ASAN_DIR) -DCMAKE_BUILD_TYPE=Asan -DORVMEDIALIB_WERROR=ON \
+	  -DORVMEDIALIB_BUILD_BENCHMARKS=OFF $(CMAKE_ARGS)
+	cmake --build $(ASAN_DIR) -j $(JOBS)
+	cd $(ASAN_DIR) && ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ctest --output-on-failure -j $(JOBS)
+
+# The lock is the only concurrent part of the library: its tests carry the
+# label "concurrency" and run under ThreadSanitizer.
+test-tsan: deps
+	cmake -S . -B $(TSAN_DIR) -DCMAKE_BUILD_TYPE=Tsan -DORVMEDIALIB_WERROR=ON \
+	  -DORVMEDIALIB_BUILD_BENCHMARKS=OFF $(CMAKE_ARGS)
+	cmake --build $(TSAN_DIR) -j $(JOBS) --target core_tests values_tests
+	cd $(TSAN_DIR) && TSAN_OPTIONS=halt_on_error=1 \
+	  ctest --output-on-failure -j $(JOBS) -R 'Concurrency'
+
+test-sanitize: test-asan test-tsan
+
+bench: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS) --target benchmarks
+	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b --benchmark_min_time=0.2 || exit 1; done
+
+consumer: build
+	cmake --install $(BUILD) --prefix $(abspath $(STAGE))
+	cmake -S tests/consumer -B $(BUILD)/consumer -DCMAKE_PREFIX_PATH=$(abspath $(STAGE))
+	cmake --build $(BUILD)/consumer -j $(JOBS)
+	LD_LIBRARY_PATH=$(abspath $(STAGE))/lib $(BUILD)/consumer/consumer
+
+clean:
+	rm -rf $(BUILD) $(ASAN_DIR) $(TSAN_DIR)

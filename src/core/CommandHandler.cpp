@@ -1,0 +1,7 @@
+#include "core/CommandHandler.h"
+
+namespace KelMediaLib {
+
+CommandHandler::~CommandHandler() = default;
+
+}  // namespace KelMediaLib

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+namespace KelMediaLib {
+
+/// Something that writes itself as one XML element of a project file.
+///
+/// `toXML` writes `<name attributes extra>`, the body one level deeper, and the
+/// end tag; an element whose class says it has no body is closed with `/>`.
+/// Subclasses supply the name, the attributes (separated by single blanks,
+/// none before the first) and the body.
+class XMLable {
+ public:
+  /// What a writer carries along: the stream written to.
+  struct Options {
+    explicit Options(std::ostream& stream) : out(stream) {}
+    std::ostream& out;
+  };
+
+  virtual ~XMLable() = default;
+
+  /// Writes the whole element at the given depth. `extraAttributes`, if not
+  /// empty, is written as it stands behind the element's own attributes and
+  /// must begin with a blank.
+  void toXML(Options& options, int indent, const std::string& extraAttributes) const;
+
+  /// The indentation of an element at the given depth.
+  static std::string genIndent(int depth);
+
+  virtual void xmlName(Options& options) const = 0;
+  virtual void xmlAttributes(Options& options) const;
+  virtual void xmlBody(Options& options, int depth) const;
+
+ protected:
+  /// Whether the element has attributes of its own: without them no blank
+  /// follows the name.
+  virtual bool xmlHasAttributes() const { return true; }
+  /// Whether the element has a body: without one it is written as `<name ... />`.
+  virtual bool xmlHasBody() const { return true; }
+};
+
+}  // namespace KelMediaLib
