@@ -95,9 +95,11 @@ class CommandHandler {
   /// Trims `delta` off the media's end (negative: extends it).
   virtual void trimEnd(boost::shared_ptr<const Track> track, boost::shared_ptr<const Media> media,
                        long long delta) = 0;
-  /// Multiplies the media's speed scalar by `factor`; returns the factor applied.
+  /// Sets the media's speed scalar (length on the track over length of the
+  /// source stretch it shows) and returns the scalar it had, so that an undo
+  /// restores it exactly.
   virtual double stretch(boost::shared_ptr<const Track> track,
-                         boost::shared_ptr<const Media> media, double factor) = 0;
+                         boost::shared_ptr<const Media> media, double scalar) = 0;
   virtual void addLink(boost::shared_ptr<const Media> first,
                        boost::shared_ptr<const Media> second) = 0;
   virtual void removeLink(boost::shared_ptr<const Media> first,
