@@ -1,0 +1,7 @@
+#include "values/ParameterInterface.h"
+
+namespace KelMediaLib {
+
+ParameterInterface::~ParameterInterface() = default;
+
+}  // namespace KelMediaLib
