@@ -20,7 +20,9 @@ bool AudioPosition::operator==(const AudioPosition& other) const {
   return pan == other.pan && depth == other.depth;
 }
 
-bool AudioPosition::operator!=(const AudioPosition& other) const { return !(*this == other); }
+bool AudioPosition::operator!=(const AudioPosition& other) const {
+  return !(*this == other);
+}
 
 std::ostream& operator<<(std::ostream& out, const AudioPosition& position) {
   const double values[] = {position.pan, position.depth};
@@ -36,6 +38,8 @@ std::istream& operator>>(std::istream& in, AudioPosition& position) {
   return in;
 }
 
-void writeXMLValue(std::ostream& out, const AudioPosition& position) { out << position; }
+void writeXMLValue(std::ostream& out, const AudioPosition& position) {
+  out << position;
+}
 
 }  // namespace KelMediaLib

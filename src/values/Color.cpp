@@ -30,7 +30,9 @@ bool Color::operator==(const Color& other) const {
   return red == other.red && green == other.green && blue == other.blue && alpha == other.alpha;
 }
 
-bool Color::operator!=(const Color& other) const { return !(*this == other); }
+bool Color::operator!=(const Color& other) const {
+  return !(*this == other);
+}
 
 std::ostream& operator<<(std::ostream& out, const Color& color) {
   const float values[] = {color.red, color.green, color.blue, color.alpha};
@@ -46,6 +48,8 @@ std::istream& operator>>(std::istream& in, Color& color) {
   return in;
 }
 
-void writeXMLValue(std::ostream& out, const Color& color) { out << color; }
+void writeXMLValue(std::ostream& out, const Color& color) {
+  out << color;
+}
 
 }  // namespace KelMediaLib

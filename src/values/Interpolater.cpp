@@ -11,7 +11,9 @@ namespace {
 const double kPi = 3.141592653589793;
 const double kHalfPi = 1.5707963267948966;
 
-double mix(double left, double right, double w) { return (1 - w) * left + w * right; }
+double mix(double left, double right, double w) {
+  return (1 - w) * left + w * right;
+}
 
 // Mixed in double and narrowed once, so that float parameters follow the
 // same curve as double ones.
@@ -64,7 +66,8 @@ boost::shared_ptr<LinearInterpolater<T>> LinearInterpolater<T>::s_instance;
 template <class T>
 boost::shared_ptr<LeftInterpolater<T>> LeftInterpolater<T>::s_instance;
 template <class T>
-boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>> EaseInOutSinusoidalInterpolater<T>::s_instance;
+boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>>
+    EaseInOutSinusoidalInterpolater<T>::s_instance;
 template <class T>
 boost::shared_ptr<EaseInOutDoubleExponentialSigmoidInterpolater<T>>
     EaseInOutDoubleExponentialSigmoidInterpolater<T>::s_instance;
@@ -112,8 +115,7 @@ T EaseOutInterpolater<T>::interpolate(T left, T right, double fraction) {
 }
 
 template <class T>
-EaseInOutSinusoidalInterpolater<T>::EaseInOutSinusoidalInterpolater()
-    : Interpolater<T>("eios") {}
+EaseInOutSinusoidalInterpolater<T>::EaseInOutSinusoidalInterpolater() : Interpolater<T>("eios") {}
 
 template <class T>
 boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>>
@@ -137,8 +139,7 @@ EaseInOutDoubleExponentialSigmoidInterpolater<T>::getInstance() {
 }
 
 template <class T>
-T EaseInOutDoubleExponentialSigmoidInterpolater<T>::interpolate(T left, T right,
-                                                                double fraction) {
+T EaseInOutDoubleExponentialSigmoidInterpolater<T>::interpolate(T left, T right, double fraction) {
   const double t = fraction;
   double w;
   // Written as "t < 0.5" so that a NaN fraction takes the upper half.

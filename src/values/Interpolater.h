@@ -156,6 +156,7 @@ extern template std::istream& operator>>(std::istream&, boost::shared_ptr<Interp
 extern template std::istream& operator>>(std::istream&, boost::shared_ptr<Interpolater<float>>&);
 extern template std::istream& operator>>(std::istream&, boost::shared_ptr<Interpolater<Point>>&);
 extern template std::istream& operator>>(std::istream&, boost::shared_ptr<Interpolater<Color>>&);
-extern template std::istream& operator>>(std::istream&, boost::shared_ptr<Interpolater<AudioPosition>>&);
+extern template std::istream& operator>>(std::istream&,
+                                         boost::shared_ptr<Interpolater<AudioPosition>>&);
 
 }  // namespace KelMediaLib

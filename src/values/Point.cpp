@@ -8,7 +8,9 @@ Point::Point() : x(0.0), y(0.0), z(0.0) {}
 
 Point::Point(double x_, double y_, double z_) : x(x_), y(y_), z(z_) {}
 
-Point Point::operator*(double factor) const { return Point(x * factor, y * factor, z * factor); }
+Point Point::operator*(double factor) const {
+  return Point(x * factor, y * factor, z * factor);
+}
 
 Point Point::operator+(const Point& other) const {
   return Point(x + other.x, y + other.y, z + other.z);
@@ -18,7 +20,9 @@ bool Point::operator==(const Point& other) const {
   return x == other.x && y == other.y && z == other.z;
 }
 
-bool Point::operator!=(const Point& other) const { return !(*this == other); }
+bool Point::operator!=(const Point& other) const {
+  return !(*this == other);
+}
 
 std::ostream& operator<<(std::ostream& out, const Point& point) {
   const double values[] = {point.x, point.y, point.z};
@@ -34,6 +38,8 @@ std::istream& operator>>(std::istream& in, Point& point) {
   return in;
 }
 
-void writeXMLValue(std::ostream& out, const Point& point) { out << point; }
+void writeXMLValue(std::ostream& out, const Point& point) {
+  out << point;
+}
 
 }  // namespace KelMediaLib

@@ -44,6 +44,8 @@ std::istream& operator>>(std::istream& in, std::vector<Rect<float>>& rects) {
   return in;
 }
 
-void writeXMLValue(std::ostream& out, const std::vector<Rect<float>>& rects) { out << rects; }
+void writeXMLValue(std::ostream& out, const std::vector<Rect<float>>& rects) {
+  out << rects;
+}
 
 }  // namespace KelMediaLib

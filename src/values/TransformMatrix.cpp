@@ -12,7 +12,9 @@ TransformMatrix::TransformMatrix() {
   }
 }
 
-TransformMatrix TransformMatrix::identity() { return TransformMatrix(); }
+TransformMatrix TransformMatrix::identity() {
+  return TransformMatrix();
+}
 
 TransformMatrix TransformMatrix::operator*(const TransformMatrix& other) const {
   TransformMatrix product;
@@ -39,7 +41,9 @@ bool TransformMatrix::operator==(const TransformMatrix& other) const {
   return true;
 }
 
-bool TransformMatrix::operator!=(const TransformMatrix& other) const { return !(*this == other); }
+bool TransformMatrix::operator!=(const TransformMatrix& other) const {
+  return !(*this == other);
+}
 
 std::ostream& operator<<(std::ostream& out, const TransformMatrix& matrix) {
   double values[16];
@@ -60,6 +64,8 @@ std::istream& operator>>(std::istream& in, TransformMatrix& matrix) {
   return in;
 }
 
-void writeXMLValue(std::ostream& out, const TransformMatrix& matrix) { out << matrix; }
+void writeXMLValue(std::ostream& out, const TransformMatrix& matrix) {
+  out << matrix;
+}
 
 }  // namespace KelMediaLib

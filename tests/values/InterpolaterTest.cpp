@@ -74,13 +74,13 @@ TEST(InterpolaterTest, FloatIsMixedInDoubleAndNarrowedOnce) {
 }
 
 TEST(InterpolaterTest, CompoundValuesMixComponentByComponent) {
-  EXPECT_EQ(LinearInterpolater<Point>::getInstance()->interpolate(Point(0, 2, -4), Point(4, 6, 4),
-                                                                  0.25),
-            Point(1, 3, -2));
+  EXPECT_EQ(
+      LinearInterpolater<Point>::getInstance()->interpolate(Point(0, 2, -4), Point(4, 6, 4), 0.25),
+      Point(1, 3, -2));
   EXPECT_EQ(EaseInInterpolater<Color>().interpolate(Color(0, 1, 0, 1), Color(1, 0, 0.5f, 1), 0.5),
             Color(0.25f, 0.75f, 0.125f, 1));
-  EXPECT_EQ(LinearInterpolater<AudioPosition>::getInstance()->interpolate(
-                AudioPosition(-1, 0), AudioPosition(1, 1), 0.5),
+  EXPECT_EQ(LinearInterpolater<AudioPosition>::getInstance()->interpolate(AudioPosition(-1, 0),
+                                                                          AudioPosition(1, 1), 0.5),
             AudioPosition(0, 0.5));
   const Color left(0.1f, 0.2f, 0.3f, 0.4f);
   EXPECT_EQ(LeftInterpolater<Color>::getInstance()->interpolate(left, Color(1, 1, 1, 1), 1), left);
@@ -98,7 +98,8 @@ TEST(InterpolaterTest, SharedAndFreshInstances) {
   // Each value type has its own singleton.
   const boost::shared_ptr<Interpolater<float>> floatLinear =
       boost::lexical_cast<boost::shared_ptr<Interpolater<float>>>("linr");
-  EXPECT_NE(static_cast<const void*>(floatLinear.get()), static_cast<const void*>(named("linr").get()));
+  EXPECT_NE(static_cast<const void*>(floatLinear.get()),
+            static_cast<const void*>(named("linr").get()));
 }
 
 TEST(InterpolaterTest, NamesReadAndWriteBack) {

@@ -21,15 +21,13 @@ struct IntersectionCase {
 
 TEST(RangeTest, IntersectionSettlesEachEndOnItsOwn) {
   const IntersectionCase cases[] = {
-      {{10, 20}, {15, 100}, {15, 15}},  // overlap at the right
-      {{15, 100}, {10, 20}, {15, 15}},  // same, other order
-      {{10, 20}, {12, 3}, {12, 3}},     // nested
-      {{12, 3}, {10, 20}, {12, 3}},
-      {{10, 20}, {40, 5}, {0, 0}},      // disjoint
-      {{10, 20}, {30, 5}, {0, 0}},      // touching
-      {{0, 10}, {10, 0}, {0, 10}},      // empty range on the end: full length
-      {{5, 10}, {15, 0}, {0, 15}},
-      {{5, 10}, {10, 0}, {10, 0}},      // empty range inside
+      {{10, 20}, {15, 100}, {15, 15}},                               // overlap at the right
+      {{15, 100}, {10, 20}, {15, 15}},                               // same, other order
+      {{10, 20}, {12, 3}, {12, 3}},                                  // nested
+      {{12, 3}, {10, 20}, {12, 3}},    {{10, 20}, {40, 5}, {0, 0}},  // disjoint
+      {{10, 20}, {30, 5}, {0, 0}},                                   // touching
+      {{0, 10}, {10, 0}, {0, 10}},  // empty range on the end: full length
+      {{5, 10}, {15, 0}, {0, 15}},     {{5, 10}, {10, 0}, {10, 0}},  // empty range inside
       {{5, 0}, {0, 10}, {5, 0}},
   };
   for (const IntersectionCase& c : cases) {

@@ -41,7 +41,8 @@ TEST(ValueTextTest, AwkwardNumbersRoundTrip) {
   expectRoundTrip(matrix);
   expectRoundTrip(std::vector<Rect<float>>());
   expectRoundTrip(std::vector<Rect<float>>{Rect<float>(0.1f, 2, 3, 4)});
-  expectRoundTrip(std::vector<Rect<float>>{Rect<float>(0.1f, 2, 3, 4), Rect<float>(-1, 0, 1e-20f, 5)});
+  expectRoundTrip(
+      std::vector<Rect<float>>{Rect<float>(0.1f, 2, 3, 4), Rect<float>(-1, 0, 1e-20f, 5)});
 }
 
 TEST(ValueTextTest, WrittenForms) {
@@ -57,15 +58,15 @@ TEST(ValueTextTest, WrittenForms) {
 }
 
 TEST(ValueTextTest, MalformedFormsAreRejected) {
-  for (const char* bad : {"(1, 2,3)", "(1,2,3) ", "(1,2)", "(1,2,3,4)", "[1,2,3]", "(1;2;3)", "1,2,3",
-                          "(1,2,x)", ""}) {
+  for (const char* bad : {"(1, 2,3)", "(1,2,3) ", "(1,2)", "(1,2,3,4)", "[1,2,3]", "(1;2;3)",
+                          "1,2,3", "(1,2,x)", ""}) {
     EXPECT_THROW(boost::lexical_cast<Point>(std::string(bad)), boost::bad_lexical_cast) << bad;
   }
   EXPECT_THROW(boost::lexical_cast<Color>("(1,2,3)"), boost::bad_lexical_cast);
   EXPECT_THROW(boost::lexical_cast<AudioPosition>("(1,2,3)"), boost::bad_lexical_cast);
   EXPECT_THROW(boost::lexical_cast<TransformMatrix>("(1,0,0,0)"), boost::bad_lexical_cast);
-  for (const char* bad : {"[", "[(1,2,3,4)", "[(1,2,3,4);(1,2,3,4)]", "[(1,2,3,4),]",
-                          "[(1,2,3,4)] ", "(1,2,3,4)"}) {
+  for (const char* bad :
+       {"[", "[(1,2,3,4)", "[(1,2,3,4);(1,2,3,4)]", "[(1,2,3,4),]", "[(1,2,3,4)] ", "(1,2,3,4)"}) {
     EXPECT_THROW(boost::lexical_cast<std::vector<Rect<float>>>(std::string(bad)),
                  boost::bad_lexical_cast)
         << bad;
