@@ -1,0 +1,148 @@
+#include "core/Observer.h"
+#include "core/Subject.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+using KelMediaLib::Observer;
+using KelMediaLib::Subject;
+
+namespace {
+
+// An observer that logs its name and then runs an optional action, so that
+// each test can script what happens inside a notification.
+class ScriptedObserver : public Observer {
+ public:
+  ScriptedObserver(std::string name, std::vector<std::string>& log) : name_(std::move(name)), log_(log) {}
+
+  void observerUpdate() override {
+    log_.push_back(name_);
+    if (onUpdate) {
+      onUpdate();
+    }
+  }
+
+  std::function<void()> onUpdate;
+
+ private:
+  std::string name_;
+  std::vector<std::string>& log_;
+};
+
+class SubjectTest : public ::testing::Test {
+ protected:
+  std::vector<std::string> log;
+  Subject subject;
+  ScriptedObserver a{"a", log};
+  ScriptedObserver b{"b", log};
+  ScriptedObserver c{"c", log};
+};
+
+typedef std::vector<std::string> Names;
+
+TEST_F(SubjectTest, NotifiesInOrderOfAttachmentAndIgnoresASecondAttach) {
+  subject.attach(&b);
+  subject.attach(&a);
+  subject.attach(&b);
+  subject.attach(&c);
+  EXPECT_EQ(3u, subject.numObservers());
+  subject.notify();
+  EXPECT_EQ((Names{"b", "a", "c"}), log);
+
+  log.clear();
+  subject.detach(&b);
+  subject.detach(&b);  // not attached any more: no effect
+  subject.notify();
+  EXPECT_EQ((Names{"a", "c"}), log);
+}
+
+TEST_F(SubjectTest, ObserverThatDetachesItselfIsCalledOnce) {
+  subject.attach(&a);
+  subject.attach(&b);
+  a.onUpdate = [this] { subject.detach(&a); };
+  subject.notify();
+  subject.notify();
+  EXPECT_EQ((Names{"a", "b", "b"}), log);
+}
+
+TEST_F(SubjectTest, ObserverDetachedByAnEarlierOneIsNotCalled) {
+  subject.attach(&a);
+  subject.attach(&b);
+  subject.attach(&c);
+  a.onUpdate = [this] { subject.detach(&b); };
+  subject.notify();
+  EXPECT_EQ((Names{"a", "c"}), log);
+  EXPECT_EQ(2u, subject.numObservers());
+}
+
+TEST_F(SubjectTest, ObserverAttachedDuringNotificationIsCalledFromTheNextOne) {
+  subject.attach(&a);
+  a.onUpdate = [this] { subject.attach(&b); };
+  subject.notify();
+  EXPECT_EQ((Names{"a"}), log);
+  subject.notify();
+  EXPECT_EQ((Names{"a", "a", "b"}), log);
+}
+
+TEST_F(SubjectTest, NestedNotificationCallsEveryoneAndDetachReachesTheOuterOne) {
+  subject.attach(&a);
+  subject.attach(&b);
+  subject.attach(&c);
+  bool nested = false;
+  bool inInner = false;
+  a.onUpdate = [&] {
+    if (!nested) {
+      nested = true;
+      inInner = true;
+      subject.notify();
+      inInner = false;
+    }
+  };
+  // The inner notification detaches c: the outer one must not call it either.
+  b.onUpdate = [&] {
+    if (inInner) {
+      subject.detach(&c);
+    }
+  };
+  subject.notify();
+  EXPECT_EQ((Names{"a", "a", "b", "b"}), log);
+}
+
+TEST_F(SubjectTest, ThrowingObserverLeavesTheSubjectUsable) {
+  subject.attach(&a);
+  subject.attach(&b);
+  subject.attach(&c);
+  a.onUpdate = [] { throw std::runtime_error("observer failed"); };
+  EXPECT_THROW(subject.notify(), std::runtime_error);
+  EXPECT_EQ((Names{"a"}), log);
+
+  // A detach after the failed notification must not touch its dead frame,
+  // and the next notification reaches everyone still attached.
+  log.clear();
+  a.onUpdate = nullptr;
+  subject.detach(&b);
+  subject.notify();
+  EXPECT_EQ((Names{"a", "c"}), log);
+}
+
+TEST_F(SubjectTest, CopiesStartWithoutObservers) {
+  subject.attach(&a);
+  Subject copy(subject);
+  EXPECT_EQ(0u, copy.numObservers());
+  copy.notify();
+  EXPECT_TRUE(log.empty());
+
+  // Assignment neither takes the source's observers nor drops the target's.
+  Subject target;
+  target.attach(&b);
+  target = subject;
+  target.notify();
+  EXPECT_EQ((Names{"b"}), log);
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+#include "core/XMLText.h"
+#include "core/XMLable.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using KelMediaLib::XMLable;
+
+namespace {
+
+// An element with a fixed name, an optional attribute and child elements.
+class Element : public XMLable {
+ public:
+  Element(std::string name, std::string label, bool hasBody)
+      : name_(std::move(name)), label_(std::move(label)), hasBody_(hasBody) {}
+
+  void xmlName(Options& options) const override { options.out << name_; }
+  void xmlAttributes(Options& options) const override {
+    options.out << "label=\"";
+    KelMediaLib::writeXMLValue(options.out, label_);
+    options.out << "\" count=\"" << children.size() << '"';
+  }
+  void xmlBody(Options& options, int depth) const override {
+    for (const Element* child : children) {
+      child->toXML(options, depth, std::string());
+    }
+  }
+
+  std::vector<const Element*> children;
+
+ protected:
+  bool xmlHasAttributes() const override { return !label_.empty(); }
+  bool xmlHasBody() const override { return hasBody_; }
+
+ private:
+  std::string name_;
+  std::string label_;
+  bool hasBody_;
+};
+
+std::string write(const XMLable& element, int indent, const std::string& extra = std::string()) {
+  std::ostringstream out;
+  XMLable::Options options(out);
+  element.toXML(options, indent, extra);
+  return out.str();
+}
+
+}  // namespace
+
+TEST(XMLableTest, WritesEmptyElementsClosedAndExtraAttributesBehindOwnOnes) {
+  Element bare("Bare", "", false);
+  EXPECT_EQ("<Bare/>\n", write(bare, 0));
+  EXPECT_EQ("    <Bare id=\"7\"/>\n", write(bare, 2, " id=\"7\""));
+}
+
+TEST(XMLableTest, NestsChildrenOneLevelDeeper) {
+  Element leaf("Leaf", "x", false);
+  Element empty("Empty", "", true);
+  Element inner("Inner", "", true);
+  inner.children = {&leaf};
+  Element root("Root", "r", true);
+  root.children = {&inner, &empty};
+
+  EXPECT_EQ(
+      "  <Root label=\"r\" count=\"2\" ref=\"1\">\n"
+      "    <Inner>\n"
+      "      <Leaf label=\"x\" count=\"0\"/>\n"
+      "    </Inner>\n"
+      "    <Empty>\n"
+      "    </Empty>\n"
+      "  </Root>\n",
+      write(root, 1, " ref=\"1\""));
+}
+
+TEST(XMLableTest, IndentIsTwoBlanksPerLevelAndNoneBelowZero) {
+  EXPECT_EQ("", XMLable::genIndent(0));
+  EXPECT_EQ("", XMLable::genIndent(-3));
+  EXPECT_EQ("  ", XMLable::genIndent(1));
+  EXPECT_EQ("      ", XMLable::genIndent(3));
+}
+
+TEST(XMLTextTest, EscapesMarkupQuotesAndWhitespaceThatAttributesWouldLose) {
+  struct Case {
+    std::string in;
+    std::string out;
+  };
+  const Case cases[] = {
+      {"", ""},
+      {"plain text", "plain text"},
+      {"a & b", "a &amp; b"},
+      {"<tag>", "&lt;tag&gt;"},
+      {"say \"hi\"", "say &quot;hi&quot;"},
+      {"it's", "it's"},
+      {"line\nnext\r\n", "line&#10;next&#13;&#10;"},
+      {"a\tb", "a&#9;b"},
+      {"&amp;", "&amp;amp;"},
+      {"caf\xC3\xA9", "caf\xC3\xA9"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(c.out, KelMediaLib::xmlEscape(c.in)) << c.in;
+    std::ostringstream out;
+    KelMediaLib::writeXMLValue(out, c.in);
+    EXPECT_EQ(c.out, out.str()) << c.in;
+  }
+}
+
+TEST(XMLTextTest, WritesNamedAttribute) {
+  std::ostringstream out;
+  KelMediaLib::writeXMLAttribute(out, "name", std::string("a<b"));
+  KelMediaLib::writeXMLAttribute(out, "n", -12);
+  EXPECT_EQ(" name=\"a&lt;b\" n=\"-12\"", out.str());
+}
+
+TEST(XMLTextTest, IntegersArePlainDecimals) {
+  std::ostringstream out;
+  KelMediaLib::writeXMLValue(out, std::numeric_limits<long long>::min());
+  out << ' ';
+  KelMediaLib::writeXMLValue(out, 4294967295u);
+  out << ' ';
+  KelMediaLib::writeXMLValue(out, 0);
+  out << ' ';
+  KelMediaLib::writeXMLValue(out, static_cast<unsigned long>(30));
+  EXPECT_EQ("-9223372036854775808 4294967295 0 30", out.str());
+}
+
+TEST(XMLTextTest, DoublesReadBackToTheSameBitsInShortestForm) {
+  struct Case {
+    double value;
+    const char* text;  // the shortest form, or null where only the round trip matters
+  };
+  const Case cases[] = {
+      {0.0, "0"},
+      {-0.0, "-0"},
+      {1.0, "1"},
+      {0.1, "0.1"},
+      {-2.5, "-2.5"},
+      {1.0 / 3.0, "0.3333333333333333"},
+      {2.0 / 3.0, "0.6666666666666666"},
+      {1e300, "1e+300"},
+      {-1e-300, "-1e-300"},
+      {123456789012345.0, "123456789012345"},
+      {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
+      {std::numeric_limits<double>::min(), "2.2250738585072014e-308"},
+      {std::numeric_limits<double>::denorm_min(), "5e-324"},
+      {std::numeric_limits<double>::denorm_min() * 12345.0, nullptr},
+      {std::nextafter(1.0, 2.0), "1.0000000000000002"},
+  };
+  for (const Case& c : cases) {
+    std::ostringstream out;
+    KelMediaLib::writeXMLValue(out, c.value);
+    const std::string text = out.str();
+    if (c.text) {
+      EXPECT_EQ(c.text, text);
+    }
+    const double back = std::strtod(text.c_str(), nullptr);
+    std::uint64_t want;
+    std::uint64_t got;
+    std::memcpy(&want, &c.value, sizeof want);
+    std::memcpy(&got, &back, sizeof got);
+    EXPECT_EQ(want, got) << text;
+  }
+}
+
+TEST(XMLTextTest, FloatsUseTheShortestFloatForm) {
+  const float values[] = {0.1f, 1.0f / 3.0f, -7.25f, 3.4e38f,
+                          std::numeric_limits<float>::denorm_min()};
+  const char* texts[] = {"0.1", "0.33333334", "-7.25", "3.4e+38", "1e-45"};
+  for (std::size_t i = 0; i < sizeof values / sizeof values[0]; ++i) {
+    std::ostringstream out;
+    KelMediaLib::writeXMLValue(out, values[i]);
+    EXPECT_EQ(texts[i], out.str());
+    EXPECT_EQ(values[i], std::strtof(out.str().c_str(), nullptr));
+  }
+}
