@@ -9,24 +9,24 @@ namespace KelMediaLib {
 
 namespace {
 
-// Clears the running handler however the first run ends.
+// Marks the first run as in progress, however it ends.
 class RunningScope {
  public:
-  RunningScope(CommandHandler*& slot, CommandHandler* handler) : slot_(slot) { slot_ = handler; }
-  ~RunningScope() { slot_ = nullptr; }
+  explicit RunningScope(bool& running) : running_(running) { running_ = true; }
+  ~RunningScope() { running_ = false; }
   RunningScope(const RunningScope&) = delete;
   RunningScope& operator=(const RunningScope&) = delete;
 
  private:
-  CommandHandler*& slot_;
+  bool& running_;
 };
 
 }  // namespace
 
-MultiCommand::MultiCommand() : running_(nullptr), executed_(false) {}
+MultiCommand::MultiCommand() : handler_(nullptr), running_(false), executed_(false) {}
 
 MultiCommand::MultiCommand(const MultiCommand& other)
-    : Command(other), running_(nullptr), executed_(false) {}
+    : Command(other), handler_(nullptr), running_(false), executed_(false) {}
 
 MultiCommand::~MultiCommand() = default;
 
@@ -36,7 +36,8 @@ bool MultiCommand::execute(CommandHandler* handler) {
         "a group of commands runs its logic once; redo it with reexecute");
   }
   try {
-    RunningScope scope(running_, handler);
+    RunningScope scope(running_);
+    handler_ = handler;
     executeCommands(handler);
   } catch (...) {
     // Roll back what the failed run did; a failure while rolling back can't
@@ -104,7 +105,7 @@ bool MultiCommand::execute(boost::shared_ptr<Command> command) {
   if (!command) {
     throw KelMediaLibException("MultiCommand::execute(command): no command given");
   }
-  const bool done = command->execute(running_);
+  const bool done = command->execute(handler_);
   if (done) {
     commands_.push_back(command);
   }

@@ -52,7 +52,9 @@ class MultiCommand : public Command {
 
  private:
   std::vector<boost::shared_ptr<Command>> commands_;
-  CommandHandler* running_;
+  // The handler of the first run, while `executeCommands` runs (it may be null).
+  CommandHandler* handler_;
+  bool running_;
   bool executed_;
 };
 
