@@ -29,7 +29,10 @@ class ChangeParameterKeyFrameCmd : public Command {
 
   ChangeParameterKeyFrameCmd(boost::shared_ptr<const Parametric> parametric,
                              boost::shared_ptr<const P> parameter, long long time, double value)
-      : parametric_(parametric), parameter_(parameter), time_(time), value_(value),
+      : parametric_(parametric),
+        parameter_(parameter),
+        time_(time),
+        value_(value),
         oldValue_(0.0) {}
 
   /// A blank: nothing of `other` is taken over.
@@ -67,8 +70,7 @@ class ChangeParameterKeyFrameCmd : public Command {
     keyFrameCmd::writeAddress(out, parametric_);
     out << "\" parameter=\"";
     keyFrameCmd::writeAddress(out, parameter_);
-    out << "\" time=\"" << time_ << "\" value=\"" << value_ << "\" oldValue=\"" << oldValue_
-        << '"';
+    out << "\" time=\"" << time_ << "\" value=\"" << value_ << "\" oldValue=\"" << oldValue_ << '"';
   }
 
   void xmlBody(Options&, int) const override {}
