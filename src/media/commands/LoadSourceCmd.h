@@ -1,0 +1,34 @@
+#pragma once
+
+#include "media/commands/NamedCommand.h"
+
+#include <string>
+
+#include <boost/shared_ptr.hpp>
+
+namespace KelMediaLib {
+
+class Source;
+
+/// Loads a file into the project's source bin; undo unloads the source, redo
+/// puts the same source back.
+class LoadSourceCmd : public NamedCommand {
+ public:
+  static boost::shared_ptr<LoadSourceCmd> create(const std::string& fileName);
+
+  LoadSourceCmd* clone() const override;
+  bool execute(CommandHandler* handler) override;
+  bool unexecute(CommandHandler* handler) override;
+  bool reexecute(CommandHandler* handler) override;
+
+  /// The source that the last run loaded; null before the first.
+  boost::shared_ptr<const Source> source() const { return source_; }
+
+ private:
+  LoadSourceCmd(const std::string& fileName);
+
+  std::string fileName_;
+  boost::shared_ptr<const Source> source_;
+};
+
+}  // namespace KelMediaLib

@@ -1,0 +1,631 @@
+#include "media/project/InternalProject.h"
+
+#include "core/Command.h"
+#include "core/KelMediaLibException.h"
+#include "core/ReadWriteMutex.h"
+#include "media/edges/EdgeModifiable.h"
+#include "media/edges/EdgeModification.h"
+#include "media/effects/Effect.h"
+#include "media/effects/Effectable.h"
+#include "media/media/Media.h"
+#include "media/project/ClipBoard.h"
+#include "media/project/CommandObserver.h"
+#include "media/project/SourceBin.h"
+#include "media/sources/Clipping.h"
+#include "media/sources/MediaFileStats.h"
+#include "media/sources/Source.h"
+#include "media/timeline/AudioMixer.h"
+#include "media/timeline/AudioTrack.h"
+#include "media/timeline/ImageTrack.h"
+#include "media/timeline/Timeline.h"
+#include "media/timeline/VisualMixer.h"
+#include "media/timeline/VisualTrack.h"
+#include "values/ParameterInterface.h"
+#include "values/Parametric.h"
+
+#include <boost/filesystem.hpp>
+#include <boost/pointer_cast.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <ostream>
+#include <sstream>
+
+namespace KelMediaLib {
+
+namespace {
+
+std::string label(const Media& media) {
+  return "media " + std::to_string(media.xmlIdent());
+}
+
+std::string label(const Track& track) {
+  return "track " + std::to_string(track.xmlIdent());
+}
+
+KelMediaLibException failure(const char* operation, const std::string& text) {
+  return KelMediaLibException(std::string(operation) + ": " + text);
+}
+
+template <class T>
+void require(const boost::shared_ptr<T>& object, const char* operation, const char* what) {
+  if (!object) {
+    throw failure(operation, std::string("no ") + what + " given");
+  }
+}
+
+const char* sideName(EdgeSide side) {
+  return side == EdgeSide::Left ? "left" : "right";
+}
+
+}  // namespace
+
+InternalProject::InternalProject(EditRate editRate)
+    : editRate_(editRate),
+      timeline_(Timeline::create()),
+      sourceBin_(SourceBin::create()),
+      clipBoard_(ClipBoard::create()),
+      handler_(nullptr),
+      combineNext_(false) {}
+
+InternalProject::~InternalProject() = default;
+
+boost::shared_ptr<InternalProject> InternalProject::create(EditRate editRate) {
+  if (editRate.numerator() == 0) {
+    std::ostringstream text;
+    text << "a project's edit rate must be positive, not " << editRate;
+    throw KelMediaLibException(text.str());
+  }
+  boost::shared_ptr<InternalProject> project(new InternalProject(editRate));
+  project->self_ = boost::shared_ptr<const ThreadSafe>(project);
+  return project;
+}
+
+void InternalProject::setCommandHandler(CommandHandler* handler) {
+  handler_ = handler;
+}
+
+CommandHandler* InternalProject::commandHandler() {
+  return handler_ ? handler_ : this;
+}
+
+// History.
+
+bool InternalProject::execute(boost::shared_ptr<Command> command) {
+  require(command, "execute", "command");
+  {
+    ReadWriteMutex::ScopedWriteLock lock(mutex());
+    if (!command->execute(commandHandler())) {
+      return false;
+    }
+    history_.record(command);
+    if (combineNext_) {
+      combineNext_ = false;
+      history_.combineLast();
+    }
+  }
+  tell(&CommandObserver::commandExecuted, command);
+  return true;
+}
+
+void InternalProject::undo() {
+  boost::shared_ptr<Command> command;
+  {
+    ReadWriteMutex::ScopedWriteLock lock(mutex());
+    command = history_.nextUndo();
+    command->unexecute(commandHandler());
+    history_.stepBack();
+    combineNext_ = false;
+  }
+  tell(&CommandObserver::commandUndone, command);
+}
+
+void InternalProject::redo() {
+  boost::shared_ptr<Command> command;
+  {
+    ReadWriteMutex::ScopedWriteLock lock(mutex());
+    command = history_.nextRedo();
+    command->reexecute(commandHandler());
+    history_.stepForward();
+    combineNext_ = false;
+  }
+  tell(&CommandObserver::commandRedone, command);
+}
+
+void InternalProject::combineLastCommands() {
+  ReadWriteMutex::ScopedWriteLock lock(mutex());
+  history_.combineLast();
+}
+
+void InternalProject::combineNextCommand() {
+  if (!history_.canUndo()) {
+    throw KelMediaLibException("combineNextCommand: there is no done command to join");
+  }
+  combineNext_ = true;
+}
+
+CommandHistoryState InternalProject::commandState() const {
+  return history_.state();
+}
+
+void InternalProject::restoreCommandState(const CommandHistoryState& state) {
+  const unsigned int target = history_.positionOf(state);
+  while (history_.position() > target) {
+    undo();
+  }
+  while (history_.position() < target) {
+    redo();
+  }
+}
+
+void InternalProject::attachCommandObserver(CommandObserver* observer) {
+  if (!observer) {
+    throw failure("attachCommandObserver", "no observer given");
+  }
+  if (std::find(observers_.begin(), observers_.end(), observer) == observers_.end()) {
+    observers_.push_back(observer);
+  }
+}
+
+void InternalProject::detachCommandObserver(CommandObserver* observer) {
+  observers_.erase(std::remove(observers_.begin(), observers_.end(), observer), observers_.end());
+}
+
+void InternalProject::tell(Report report, const boost::shared_ptr<const Command>& command) {
+  // A copy: an observer may detach itself or others while it is told.
+  const std::vector<CommandObserver*> observers = observers_;
+  for (CommandObserver* observer : observers) {
+    if (std::find(observers_.begin(), observers_.end(), observer) != observers_.end()) {
+      (observer->*report)(command);
+    }
+  }
+  notify();
+}
+
+boost::shared_ptr<const Timeline> InternalProject::timeline() const {
+  return timeline_;
+}
+
+boost::shared_ptr<const SourceBin> InternalProject::sourceBin() const {
+  return sourceBin_;
+}
+
+void InternalProject::xmlName(Options& options) const {
+  options.out << "Project";
+}
+
+void InternalProject::xmlAttributes(Options& options) const {
+  options.out << "id=\"" << xmlIdent() << "\" editRate=\"" << editRate_.numerator() << '/'
+              << editRate_.denominator() << "\" version=\"1.0\"";
+}
+
+void InternalProject::xmlBody(Options& options, int depth) const {
+  sourceBin_->toXML(options, depth, std::string());
+  timeline_->toXML(options, depth, std::string());
+}
+
+// Checks shared by the handler operations.
+
+boost::shared_ptr<Mixer> InternalProject::ownMixer(const boost::shared_ptr<const Mixer>& mixer,
+                                                   const char* operation) const {
+  require(mixer, operation, "mixer");
+  if (mixer == timeline_->visualMixer()) {
+    return timeline_->visualMixer();
+  }
+  if (mixer == timeline_->audioMixer()) {
+    return timeline_->audioMixer();
+  }
+  throw failure(operation, "the mixer isn't one of this project's timeline");
+}
+
+boost::shared_ptr<Track> InternalProject::ownTrack(const boost::shared_ptr<const Track>& track,
+                                                   const char* operation) const {
+  require(track, operation, "track");
+  const boost::shared_ptr<const Mixer> mixer = track->parent().lock();
+  if (!mixer || (mixer != timeline_->visualMixer() && mixer != timeline_->audioMixer())) {
+    throw failure(operation, label(*track) + " isn't in this project's timeline");
+  }
+  return boost::const_pointer_cast<Track>(track);
+}
+
+boost::shared_ptr<Media> InternalProject::mediaOnTrack(const boost::shared_ptr<const Track>& track,
+                                                       const boost::shared_ptr<const Media>& media,
+                                                       const char* operation) const {
+  ownTrack(track, operation);
+  require(media, operation, "media");
+  if (!track->containsMedia(media.get())) {
+    throw failure(operation, label(*media) + " isn't on " + label(*track));
+  }
+  return boost::const_pointer_cast<Media>(media);
+}
+
+// Mixers.
+
+boost::shared_ptr<const VisualMixer> InternalProject::visualMixer() const {
+  return timeline_->visualMixer();
+}
+
+boost::shared_ptr<const AudioMixer> InternalProject::audioMixer() const {
+  return timeline_->audioMixer();
+}
+
+boost::shared_ptr<const VisualMixer> InternalProject::newVisualMixer(float width, float height) {
+  const boost::shared_ptr<VisualMixer> mixer = VisualMixer::create(width, height, self_);
+  timeline_->setVisualMixer(mixer);
+  return mixer;
+}
+
+void InternalProject::newVisualMixer(boost::shared_ptr<VisualMixer> mixer) {
+  require(mixer, "newVisualMixer", "mixer");
+  timeline_->setVisualMixer(mixer);
+}
+
+boost::shared_ptr<VisualMixer> InternalProject::removeVisualMixer() {
+  const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
+  timeline_->setVisualMixer(boost::shared_ptr<VisualMixer>());
+  return mixer;
+}
+
+boost::shared_ptr<const AudioMixer> InternalProject::newAudioMixer(unsigned int sampleRate,
+                                                                   unsigned int bitDepth,
+                                                                   unsigned int numChannels) {
+  const boost::shared_ptr<AudioMixer> mixer =
+      AudioMixer::create(sampleRate, bitDepth, numChannels, self_);
+  timeline_->setAudioMixer(mixer);
+  return mixer;
+}
+
+void InternalProject::newAudioMixer(boost::shared_ptr<AudioMixer> mixer) {
+  require(mixer, "newAudioMixer", "mixer");
+  timeline_->setAudioMixer(mixer);
+}
+
+boost::shared_ptr<AudioMixer> InternalProject::removeAudioMixer() {
+  const boost::shared_ptr<AudioMixer> mixer = timeline_->audioMixer();
+  timeline_->setAudioMixer(boost::shared_ptr<AudioMixer>());
+  return mixer;
+}
+
+// Tracks.
+
+boost::shared_ptr<Track> InternalProject::insertNewTrack(const boost::shared_ptr<Mixer>& mixer,
+                                                         boost::shared_ptr<Track> track, int index,
+                                                         const char* operation) {
+  if (index < -1) {
+    throw failure(operation, "the track index " + std::to_string(index) + " is negative");
+  }
+  if (index > mixer->numTracks()) {
+    index = -1;
+  }
+  mixer->insertTrack(track, index);
+  return track;
+}
+
+boost::shared_ptr<const VisualTrack> InternalProject::newVisualTrack(int index) {
+  const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
+  if (!mixer) {
+    throw failure("newVisualTrack", "the project has no visual mixer");
+  }
+  const boost::shared_ptr<VisualTrack> track = VisualTrack::create(self_);
+  insertNewTrack(mixer, track, index, "newVisualTrack");
+  return track;
+}
+
+boost::shared_ptr<const VisualTrack> InternalProject::newImageTrack(int index) {
+  const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
+  if (!mixer) {
+    throw failure("newImageTrack", "the project has no visual mixer");
+  }
+  const boost::shared_ptr<VisualTrack> track = ImageTrack::create(self_);
+  insertNewTrack(mixer, track, index, "newImageTrack");
+  return track;
+}
+
+boost::shared_ptr<const AudioTrack> InternalProject::newAudioTrack(int index) {
+  const boost::shared_ptr<AudioMixer> mixer = timeline_->audioMixer();
+  if (!mixer) {
+    throw failure("newAudioTrack", "the project has no audio mixer");
+  }
+  const boost::shared_ptr<AudioTrack> track = AudioTrack::create(self_);
+  insertNewTrack(mixer, track, index, "newAudioTrack");
+  return track;
+}
+
+boost::shared_ptr<const Track> InternalProject::newTrack(boost::shared_ptr<const Mixer> mixer,
+                                                         int index) {
+  const boost::shared_ptr<Mixer> own = ownMixer(mixer, "newTrack");
+  return insertNewTrack(own, own->makeTrack(self_), index, "newTrack");
+}
+
+void InternalProject::addTrack(boost::shared_ptr<const Mixer> mixer, boost::shared_ptr<Track> track,
+                               int index) {
+  const boost::shared_ptr<Mixer> own = ownMixer(mixer, "addTrack");
+  require(track, "addTrack", "track");
+  if (track->parent().lock()) {
+    throw failure("addTrack", label(*track) + " is in a mixer already");
+  }
+  insertNewTrack(own, track, index, "addTrack");
+}
+
+int InternalProject::removeTrack(boost::shared_ptr<const Mixer> mixer,
+                                 boost::shared_ptr<const Track> track) {
+  const boost::shared_ptr<Mixer> own = ownMixer(mixer, "removeTrack");
+  require(track, "removeTrack", "track");
+  const int index = own->indexOfTrack(track.get());
+  if (index < 0) {
+    throw failure("removeTrack", label(*track) + " isn't in the mixer");
+  }
+  if (track->numMedias() > 0) {
+    throw failure("removeTrack", label(*track) + " still holds " +
+                                     std::to_string(track->numMedias()) +
+                                     " media; take them off first");
+  }
+  own->removeTrack(index);
+  return index;
+}
+
+void InternalProject::swapTrackOrder(boost::shared_ptr<const Mixer> mixer,
+                                     boost::shared_ptr<const Track> first,
+                                     boost::shared_ptr<const Track> second) {
+  const boost::shared_ptr<Mixer> own = ownMixer(mixer, "swapTrackOrder");
+  require(first, "swapTrackOrder", "first track");
+  require(second, "swapTrackOrder", "second track");
+  const int firstIndex = own->indexOfTrack(first.get());
+  const int secondIndex = own->indexOfTrack(second.get());
+  if (firstIndex < 0 || secondIndex < 0) {
+    throw failure("swapTrackOrder",
+                  label(*(firstIndex < 0 ? first : second)) + " isn't in the mixer");
+  }
+  own->swapTracks(firstIndex, secondIndex);
+}
+
+// Media.
+
+void InternalProject::addMedia(boost::shared_ptr<const Track> track,
+                               boost::shared_ptr<const Media> media, long long time) {
+  const boost::shared_ptr<Track> own = ownTrack(track, "addMedia");
+  require(media, "addMedia", "media");
+  if (media->parent()) {
+    throw failure("addMedia", label(*media) + " is on a track already");
+  }
+  if (time < 0) {
+    throw failure("addMedia",
+                  "can't put " + label(*media) + " at the negative time " + std::to_string(time));
+  }
+  if (!own->accepts(*media)) {
+    throw failure("addMedia",
+                  label(*track) + " doesn't take media of the kind of " + label(*media));
+  }
+  const boost::shared_ptr<Media> writable = boost::const_pointer_cast<Media>(media);
+  const long long previousStart = media->range().start;
+  writable->setStart(time);
+  try {
+    own->insertMedia(writable);
+  } catch (...) {
+    writable->setStart(previousStart);
+    throw;
+  }
+}
+
+MediaPlacements InternalProject::removeMedia(boost::shared_ptr<const Track> track,
+                                             boost::shared_ptr<const Media> media) {
+  mediaOnTrack(track, media, "removeMedia");
+  MediaPlacements placements{MediaPlacement{track, media, media->range().start}};
+  for (const boost::weak_ptr<const Media>& link : media->links()) {
+    const boost::shared_ptr<const Media> linked = link.lock();
+    const boost::shared_ptr<const Track> linkedTrack = linked ? linked->parent() : nullptr;
+    if (linkedTrack) {
+      placements.push_back(MediaPlacement{linkedTrack, linked, linked->range().start});
+    }
+  }
+  for (const MediaPlacement& placement : placements) {
+    boost::const_pointer_cast<Track>(placement.track)->eraseMedia(placement.media.get());
+  }
+  return placements;
+}
+
+void InternalProject::removeMedia(boost::shared_ptr<const Track> track,
+                                  boost::shared_ptr<const Media> media, long long time) {
+  const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "removeMedia");
+  if (media->range().start != time) {
+    throw failure("removeMedia", label(*media) + " starts at " +
+                                     std::to_string(media->range().start) + ", not at " +
+                                     std::to_string(time));
+  }
+  boost::const_pointer_cast<Track>(track)->eraseMedia(writable.get());
+}
+
+void InternalProject::move(boost::shared_ptr<const Track> track,
+                           boost::shared_ptr<const Media> media, long long delta) {
+  const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "move");
+  const long long start = media->range().start + delta;
+  if (start < 0) {
+    throw failure("move", "moving " + label(*media) + " by " + std::to_string(delta) +
+                              " would put it at " + std::to_string(start) + ", before 0");
+  }
+  writable->setStart(start);
+  boost::const_pointer_cast<Track>(track)->resort();
+}
+
+void InternalProject::trimStart(boost::shared_ptr<const Track> track,
+                                boost::shared_ptr<const Media> media, long long delta) {
+  const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "trimStart");
+  const Range<long long> range = media->range();
+  if (delta > range.duration || range.start + delta < 0) {
+    throw failure("trimStart", "can't trim " + std::to_string(delta) + " off the start of " +
+                                   label(*media) + ", which starts at " +
+                                   std::to_string(range.start) + " and lasts " +
+                                   std::to_string(range.duration));
+  }
+  writable->trimStart(delta);
+  boost::const_pointer_cast<Track>(track)->resort();
+}
+
+void InternalProject::trimEnd(boost::shared_ptr<const Track> track,
+                              boost::shared_ptr<const Media> media, long long delta) {
+  const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "trimEnd");
+  if (delta > media->range().duration) {
+    throw failure("trimEnd", "can't trim " + std::to_string(delta) + " off the end of " +
+                                 label(*media) + ", which lasts " +
+                                 std::to_string(media->range().duration));
+  }
+  writable->trimEnd(delta);
+}
+
+double InternalProject::stretch(boost::shared_ptr<const Track> track,
+                                boost::shared_ptr<const Media> media, double scalar) {
+  const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "stretch");
+  const double previous = media->scalar();
+  writable->setScalar(scalar);
+  return previous;
+}
+
+void InternalProject::addLink(boost::shared_ptr<const Media> first,
+                              boost::shared_ptr<const Media> second) {
+  require(first, "addLink", "first media");
+  require(second, "addLink", "second media");
+  if (first == second) {
+    throw failure("addLink", "can't link " + label(*first) + " to itself");
+  }
+  if (first->isLinkedTo(second.get()) || second->isLinkedTo(first.get())) {
+    throw failure("addLink", label(*first) + " and " + label(*second) + " are linked already");
+  }
+  boost::const_pointer_cast<Media>(first)->addLink(second);
+  boost::const_pointer_cast<Media>(second)->addLink(first);
+}
+
+void InternalProject::removeLink(boost::shared_ptr<const Media> first,
+                                 boost::shared_ptr<const Media> second) {
+  require(first, "removeLink", "first media");
+  require(second, "removeLink", "second media");
+  if (!first->isLinkedTo(second.get()) || !second->isLinkedTo(first.get())) {
+    throw failure("removeLink", label(*first) + " and " + label(*second) + " aren't linked");
+  }
+  boost::const_pointer_cast<Media>(first)->removeLink(second.get());
+  boost::const_pointer_cast<Media>(second)->removeLink(first.get());
+}
+
+// Effects.
+
+void InternalProject::addEffect(boost::shared_ptr<const Effectable> effectable,
+                                boost::shared_ptr<const Effect> effect) {
+  insertEffect(effectable, effect, -1);
+}
+
+void InternalProject::insertEffect(boost::shared_ptr<const Effectable> effectable,
+                                   boost::shared_ptr<const Effect> effect, int index) {
+  require(effectable, "insertEffect", "media");
+  require(effect, "insertEffect", "effect");
+  boost::const_pointer_cast<Effectable>(effectable)
+      ->insertEffect(boost::const_pointer_cast<Effect>(effect), index);
+}
+
+void InternalProject::swapEffectOrder(boost::shared_ptr<const Effectable> effectable, int first,
+                                      int second) {
+  require(effectable, "swapEffectOrder", "media");
+  boost::const_pointer_cast<Effectable>(effectable)->swapEffects(first, second);
+}
+
+int InternalProject::removeEffect(boost::shared_ptr<const Effectable> effectable,
+                                  boost::shared_ptr<const Effect> effect) {
+  require(effectable, "removeEffect", "media");
+  require(effect, "removeEffect", "effect");
+  const int index = effectable->indexOfEffect(effect.get());
+  if (index < 0) {
+    throw failure("removeEffect", "the effect \"" + effect->name() + "\" isn't on the media");
+  }
+  boost::const_pointer_cast<Effectable>(effectable)->removeEffect(index);
+  return index;
+}
+
+void InternalProject::moveParameterKeyFrame(boost::shared_ptr<const Parametric> parametric,
+                                            boost::shared_ptr<const ParameterInterface> parameter,
+                                            long long oldTime, long long newTime) {
+  require(parametric, "moveParameterKeyFrame", "parametric");
+  require(parameter, "moveParameterKeyFrame", "parameter");
+  if (parametric->parameterNamed(parameter->name()) != parameter) {
+    throw failure("moveParameterKeyFrame",
+                  "the parameter \"" + parameter->name() + "\" isn't one of the parametric's");
+  }
+  boost::const_pointer_cast<ParameterInterface>(parameter)->moveKeyFrame(oldTime, newTime);
+}
+
+// Sources.
+
+boost::shared_ptr<const Source> InternalProject::loadSource(const std::string& fileName) {
+  boost::system::error_code error;
+  if (!boost::filesystem::is_regular_file(fileName, error)) {
+    throw failure("loadSource", "\"" + fileName + "\" isn't a file that can be read");
+  }
+  const boost::shared_ptr<MediaFileStats> stats = MediaFileStats::create();
+  stats->setFilename(fileName);
+  stats->setLastModified(boost::filesystem::last_write_time(fileName));
+  const boost::shared_ptr<const Source> source = Source::create(stats);
+  sourceBin_->addSource(source);
+  return source;
+}
+
+void InternalProject::loadSource(boost::shared_ptr<const Source> source) {
+  sourceBin_->addSource(source);
+}
+
+void InternalProject::unloadSource(boost::shared_ptr<const Source> source) {
+  require(source, "unloadSource", "source");
+  sourceBin_->removeSource(source.get());
+}
+
+void InternalProject::addClipping(boost::shared_ptr<Clipping> clipping) {
+  sourceBin_->addClipping(clipping);
+}
+
+void InternalProject::removeClipping(boost::shared_ptr<Clipping> clipping) {
+  require(clipping, "removeClipping", "clipping");
+  sourceBin_->removeClipping(clipping.get());
+}
+
+// Edges.
+
+void InternalProject::insertEdgeModification(boost::shared_ptr<const EdgeModifiable> edgeModifiable,
+                                             EdgeSide side,
+                                             boost::shared_ptr<const EdgeModification> modification,
+                                             int index) {
+  require(edgeModifiable, "insertEdgeModification", "media");
+  require(modification, "insertEdgeModification", "modification");
+  const boost::shared_ptr<EdgeModifiable> writable =
+      boost::const_pointer_cast<EdgeModifiable>(edgeModifiable);
+  if (side == EdgeSide::Left) {
+    writable->insertLeftEdgeModification(modification, index);
+  } else {
+    writable->insertRightEdgeModification(modification, index);
+  }
+}
+
+boost::shared_ptr<const EdgeModification> InternalProject::removeEdgeModification(
+    boost::shared_ptr<const EdgeModifiable> edgeModifiable, EdgeSide side, int index) {
+  require(edgeModifiable, "removeEdgeModification", "media");
+  const boost::shared_ptr<EdgeModifiable> writable =
+      boost::const_pointer_cast<EdgeModifiable>(edgeModifiable);
+  return side == EdgeSide::Left ? writable->removeLeftEdgeModification(index)
+                                : writable->removeRightEdgeModification(index);
+}
+
+void InternalProject::changeEdgeLength(boost::shared_ptr<const EdgeModifiable> edgeModifiable,
+                                       EdgeSide side, long long delta) {
+  require(edgeModifiable, "changeEdgeLength", "media");
+  const long long length =
+      side == EdgeSide::Left ? edgeModifiable->leftEdgeLength() : edgeModifiable->rightEdgeLength();
+  if (length + delta < 0) {
+    throw failure("changeEdgeLength", std::string("the ") + sideName(side) + " edge is " +
+                                          std::to_string(length) + " long; a change by " +
+                                          std::to_string(delta) + " would make it negative");
+  }
+  const boost::shared_ptr<EdgeModifiable> writable =
+      boost::const_pointer_cast<EdgeModifiable>(edgeModifiable);
+  if (side == EdgeSide::Left) {
+    writable->setLeftEdgeLength(length + delta);
+  } else {
+    writable->setRightEdgeLength(length + delta);
+  }
+}
+
+}  // namespace KelMediaLib
