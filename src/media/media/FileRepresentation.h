@@ -33,8 +33,7 @@ class FileRepresentation {
   /// range, ends past that range's end.
   void checkWithinSource(long long mediaStart, long long mediaDuration,
                          const std::string& who) const;
-  /// The track's rectangle when the stats know the track, else the
-  /// source's rectangle.
+  /// The track's rectangle when the stats give one, else the source's.
   Rect<int> trackRect() const;
 
  private:

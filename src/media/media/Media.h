@@ -154,7 +154,10 @@ class Media : public KelObject,
   void edgesChanged() override;
 
   /// Parts of the XML forms shared by the kinds.
+  /// `id start duration`.
   void writeTimeAttributes(Options& options) const;
+  /// ` scalar mediaStart mediaDuration`, with `mediaStart` as given.
+  void writeStretchAttributes(Options& options, long long mediaStart) const;
   void writeLinks(Options& options, int depth) const;
   void writeEffects(Options& options, int depth) const;
   void writeEdges(Options& options, int depth) const;

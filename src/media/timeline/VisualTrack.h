@@ -11,8 +11,8 @@ class Transformer;
 class VisualMedia;
 
 /// A track of pictures, with a transformer of its own
-/// ("translation0".."shear2") that places all its media. Takes every media
-/// that isn't audio.
+/// ("translation0".."shear2") that places all its media. Takes visual media
+/// of every kind.
 ///
 /// Written as `<VisualTrack id>` with attributes, media and transformer.
 class VisualTrack : public Track {

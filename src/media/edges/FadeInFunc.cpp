@@ -1,0 +1,13 @@
+#include "media/edges/FadeInFunc.h"
+
+#include <ostream>
+
+namespace KelMediaLib {
+
+FadeInFunc* FadeInFunc::clone() const { return new FadeInFunc(*this); }
+
+void FadeInFunc::xmlName(Options& options) const { options.out << "FadeInFunc"; }
+
+double FadeInFunc::applyClamped(double value, double fraction) const { return value * fraction; }
+
+}  // namespace KelMediaLib

@@ -1,0 +1,17 @@
+#include "media/edges/MixerYSlideOutFunc.h"
+
+#include <ostream>
+
+namespace KelMediaLib {
+
+MixerYSlideOutFunc::MixerYSlideOutFunc(double extent) : MixerSlideFunc(extent) {}
+
+MixerYSlideOutFunc* MixerYSlideOutFunc::clone() const { return new MixerYSlideOutFunc(*this); }
+
+void MixerYSlideOutFunc::xmlName(Options& options) const { options.out << "MixerYSlideOut"; }
+
+double MixerYSlideOutFunc::applyClamped(double value, double fraction) const {
+  return value - extent() * fraction;
+}
+
+}  // namespace KelMediaLib
