@@ -67,6 +67,10 @@ void ReadWriteMutex::lockWrite() const {
 void ReadWriteMutex::unlockWrite() const {
   std::lock_guard<std::mutex> lock(state_);
   assert(writer_ == std::this_thread::get_id() && "unlockWrite by a thread that doesn't write");
+  // Without the check a stray unlock would release another thread's write lock.
+  if (writer_ != std::this_thread::get_id()) {
+    return;
+  }
   if (--writeDepth_ == 0) {
     writer_ = std::thread::id();
     changed_.notify_all();

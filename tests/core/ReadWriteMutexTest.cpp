@@ -6,6 +6,8 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -34,6 +36,35 @@ struct Board {
   }
 };
 
+// A lock that deadlocks would hang the test program; this guard ends it with
+// a message instead. It is no speed limit: the tests need a few milliseconds.
+class DeadlockGuard {
+ public:
+  DeadlockGuard()
+      : watcher_([this] {
+          std::unique_lock<std::mutex> lock(m_);
+          if (!cv_.wait_for(lock, std::chrono::seconds(20), [this] { return done_; })) {
+            std::fprintf(stderr, "%s: deadlock in the lock under test\n",
+                         ::testing::UnitTest::GetInstance()->current_test_info()->name());
+            std::abort();
+          }
+        }) {}
+  ~DeadlockGuard() {
+    {
+      std::lock_guard<std::mutex> lock(m_);
+      done_ = true;
+    }
+    cv_.notify_all();
+    watcher_.join();
+  }
+
+ private:
+  std::mutex m_;
+  std::condition_variable cv_;
+  bool done_ = false;
+  std::thread watcher_;
+};
+
 // The lock is entirely free again: another thread gets the write lock.
 void expectFreeForAnotherWriter(const ReadWriteMutex& mutex) {
   bool written = false;
@@ -57,6 +88,7 @@ void expectAnotherReaderGetsIn(const ReadWriteMutex& mutex) {
 }
 
 TEST(ReadWriteMutexConcurrency, RecursiveReadsShareAndAreReleasedByMatchingUnlocks) {
+  DeadlockGuard guard;
   ReadWriteMutex mutex;
   mutex.lockRead();
   mutex.lockRead();
@@ -70,6 +102,7 @@ TEST(ReadWriteMutexConcurrency, RecursiveReadsShareAndAreReleasedByMatchingUnloc
 }
 
 TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainOnItsThread) {
+  DeadlockGuard guard;
   ReadWriteMutex mutex;
   {
     ReadWriteMutex::ScopedWriteLock write(mutex);
@@ -89,6 +122,7 @@ TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainOnItsThread) {
 }
 
 TEST(ReadWriteMutexConcurrency, SoleReaderUpgradesToWriter) {
+  DeadlockGuard guard;
   ReadWriteMutex mutex;
   {
     ReadWriteMutex::ScopedReadLock read(mutex);
@@ -105,6 +139,7 @@ TEST(ReadWriteMutexConcurrency, SoleReaderUpgradesToWriter) {
 // deterministic: the loser may still read (recursively), a new reader queues
 // behind the waiting writer, and the writer gets in once the loser lets go.
 TEST(ReadWriteMutexConcurrency, SecondUpgradingReaderGetsExceptionAndWriterIsServedFirst) {
+  DeadlockGuard guard;
   ReadWriteMutex mutex;
   Board board;
   int readersIn = 0;
@@ -160,6 +195,7 @@ TEST(ReadWriteMutexConcurrency, SecondUpgradingReaderGetsExceptionAndWriterIsSer
 }
 
 TEST(ReadWriteMutexConcurrency, ReadersHoldTogetherAndWriterEntersWhenAllLeft) {
+  DeadlockGuard guard;
   const int kReaders = 3;
   ReadWriteMutex mutex;
   Board board;
@@ -200,6 +236,7 @@ TEST(ReadWriteMutexConcurrency, ReadersHoldTogetherAndWriterEntersWhenAllLeft) {
 // counter that only the lock guards. Any overlap of a writer with anyone else
 // shows up in the in-flight counts (and to ThreadSanitizer as a race).
 TEST(ReadWriteMutexConcurrency, WriterExcludesReadersAndOtherWriters) {
+  DeadlockGuard guard;
   const int kThreads = 4;
   const int kRounds = 300;
   ReadWriteMutex mutex;
@@ -253,6 +290,7 @@ TEST(ReadWriteMutexConcurrency, WriterExcludesReadersAndOtherWriters) {
 // holds it: a lock that lets new readers past a waiting writer never lets the
 // writer in until the readers give up.
 TEST(ReadWriteMutexConcurrency, WaitingWriterIsNotStarvedByNewReaders) {
+  DeadlockGuard guard;
   const int kMaxTurns = 20000;
   ReadWriteMutex mutex;
   Board board;
