@@ -1,0 +1,181 @@
+#include "values/InterpolatingParam.h"
+
+#include "core/KelMediaLibException.h"
+#include "values/Interpolater.h"
+#include "values/KeyFrame.h"
+#include "values/ParameterTestSupport.h"
+#include "values/Point.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+using KelMediaLib::EaseInInterpolater;
+using KelMediaLib::EaseInOutDoubleExponentialSigmoidInterpolater;
+using KelMediaLib::Interpolater;
+using KelMediaLib::InterpolatingParam;
+using KelMediaLib::KelMediaLibException;
+using KelMediaLib::LeftInterpolater;
+using KelMediaLib::LinearInterpolater;
+using KelMediaLib::Parameter;
+using KelMediaLib::Point;
+using KelMediaLib::ThreadSafe;
+using parameterTests::CountingObserver;
+using parameterTests::keyFrameText;
+using parameterTests::kMaxTime;
+using parameterTests::kMinTime;
+using parameterTests::xmlOf;
+
+namespace {
+
+typedef boost::shared_ptr<Interpolater<double>> Interp;
+
+Interp easeIn() { return Interp(new EaseInInterpolater<double>()); }
+Interp sigmoid() { return EaseInOutDoubleExponentialSigmoidInterpolater<double>::getInstance(); }
+Interp left() { return LeftInterpolater<double>::getInstance(); }
+
+class InterpolatingParamTest : public ::testing::Test {
+ protected:
+  boost::shared_ptr<ThreadSafe> project = parameterTests::newProject();
+  boost::shared_ptr<InterpolatingParam<double>> scale =
+      InterpolatingParam<double>::create(project, "scale", 1.0);
+};
+
+TEST_F(InterpolatingParamTest, IsBornWithALinearCompanionAtZero) {
+  EXPECT_EQ("0=1 ", keyFrameText(*scale));
+  const auto companion = scale->interpolaterParameter();
+  ASSERT_TRUE(companion);
+  EXPECT_EQ(companion, scale->interpolaterParameter());
+  EXPECT_EQ("interpolater", companion->name());
+  EXPECT_EQ((std::vector<long long>{0}), companion->keyFrameTimes());
+  EXPECT_EQ(Interp(LinearInterpolater<double>::getInstance()), companion->keyFrame(0)->value());
+  EXPECT_EQ(project.get(), companion->projectMutex().lock().get());
+}
+
+TEST_F(InterpolatingParamTest, MixesLinearlyBetweenAndHoldsTheEndsOutside) {
+  scale->setKeyFrameValue(0, 0.0);
+  scale->addKeyFrame(10, 8.0);
+  scale->addKeyFrame(20, 4.0);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double inf = std::numeric_limits<double>::infinity();
+  const std::pair<double, double> cases[] = {
+      {-1, 0},     {0, 0},      {2.5, 2},   {5, 4},     {9.75, 7.8}, {10, 8},
+      {15, 6},     {20, 4},     {25, 4},    {1e300, 4}, {-1e300, 0}, {inf, 4},
+      {-inf, 0},   {nan, 0},
+  };
+  for (const auto& c : cases) {
+    EXPECT_DOUBLE_EQ(c.second, scale->valueAt(c.first)) << "at " << c.first;
+  }
+}
+
+TEST_F(InterpolatingParamTest, EachStretchUsesTheCompanionsInterpolaterAtItsLeftKeyFrame) {
+  // Value key frames 0 -> 0, 10 -> 1, 20 -> 0, 30 -> 1; halfway in each stretch
+  // a linear mix gives 0.5, ease-in 0.25 (or 0.75 going down), left 0 or 1 and
+  // the sigmoid 0.5.
+  scale->setKeyFrameValue(0, 0.0);
+  scale->addKeyFrame(10, 1.0);
+  scale->addKeyFrame(20, 0.0);
+  scale->addKeyFrame(30, 1.0);
+  const struct {
+    const char* what;
+    std::vector<std::pair<long long, Interp>> companion;
+    double at5, at15, at25, at12_5;
+  } cases[] = {
+      {"at birth", {{0, LinearInterpolater<double>::getInstance()}}, 0.5, 0.5, 0.5, 0.75},
+      {"changed mid-way", {{0, LinearInterpolater<double>::getInstance()}, {10, easeIn()}},
+       0.5, 0.75, 0.25, 0.9375},
+      {"one inside a stretch governs only the next",
+       {{0, LinearInterpolater<double>::getInstance()}, {10, easeIn()}, {12, left()}},
+       0.5, 0.75, 0.0, 0.9375},
+      {"earlier one serves", {{-1, sigmoid()}, {20, left()}}, 0.5, 0.5, 0.0, 0.875},
+  };
+  for (const auto& c : cases) {
+    const auto companion = scale->interpolaterParameter();
+    while (companion->numKeyFrames() > 0) {
+      companion->removeKeyFrame(companion->firstKeyFrameTime());
+    }
+    for (const auto& entry : c.companion) {
+      companion->addKeyFrame(entry.first, entry.second);
+    }
+    EXPECT_DOUBLE_EQ(c.at5, scale->valueAt(5)) << c.what;
+    EXPECT_DOUBLE_EQ(c.at15, scale->valueAt(15)) << c.what;
+    EXPECT_DOUBLE_EQ(c.at25, scale->valueAt(25)) << c.what;
+    EXPECT_DOUBLE_EQ(c.at12_5, scale->valueAt(12.5)) << c.what;
+    EXPECT_DOUBLE_EQ(1.0, scale->valueAt(30)) << c.what;
+  }
+}
+
+TEST_F(InterpolatingParamTest, MixesAcrossTheWholeTimeAxis) {
+  scale->setKeyFrameValue(0, 0.0);
+  scale->moveKeyFrame(0, kMinTime);
+  scale->addKeyFrame(kMaxTime, 2.0);
+  EXPECT_DOUBLE_EQ(1.0, scale->valueAt(0));
+  EXPECT_DOUBLE_EQ(0.0, scale->valueAt(-1e300));
+  EXPECT_DOUBLE_EQ(2.0, scale->valueAt(1e300));
+}
+
+TEST_F(InterpolatingParamTest, MixesValueTypesComponentByComponent) {
+  const auto anchor = InterpolatingParam<Point>::create(project, "anchor", Point(0, 0, 0));
+  anchor->addKeyFrame(4, Point(4, -8, 2));
+  EXPECT_EQ(Point(1, -2, 0.5), anchor->valueAt(1));
+  EXPECT_EQ(Point(4, -8, 2), anchor->valueAt(100));
+}
+
+TEST_F(InterpolatingParamTest, CopyTakesTheCompanionAlongAndRefusesPlainParameters) {
+  const auto source = InterpolatingParam<double>::create(project, "source", 0.0);
+  source->addKeyFrame(10, 1.0);
+  source->interpolaterParameter()->moveKeyFrame(0, -1);
+  const Interp ease = easeIn();
+  source->interpolaterParameter()->addKeyFrame(10, ease);
+  source->addKeyFrame(20, 0.0);
+
+  CountingObserver observer;
+  scale->attach(&observer);
+  scale->copyKeyFramesFrom(*source);
+  EXPECT_EQ(1, observer.count);
+  EXPECT_EQ("0=0 10=1 20=0 ", keyFrameText(*scale));
+  const auto companion = scale->interpolaterParameter();
+  EXPECT_EQ((std::vector<long long>{-1, 10}), companion->keyFrameTimes());
+  EXPECT_NE(source->interpolaterParameter()->keyFrame(10), companion->keyFrame(10));
+  EXPECT_EQ(ease, companion->keyFrame(10)->value());
+  for (double t : {2.5, 5.0, 12.5, 15.0}) {
+    EXPECT_DOUBLE_EQ(source->valueAt(t), scale->valueAt(t)) << "at " << t;
+  }
+
+  source->interpolaterParameter()->setKeyFrameValue(10, left());
+  EXPECT_DOUBLE_EQ(0.75, scale->valueAt(15));
+
+  const auto plain = Parameter<double>::create(project, "plain", 3.0);
+  EXPECT_THROW(scale->copyKeyFramesFrom(*plain), KelMediaLibException);
+  EXPECT_EQ("0=0 10=1 20=0 ", keyFrameText(*scale));
+  EXPECT_EQ(2u, companion->numKeyFrames());
+  EXPECT_EQ(1, observer.count);
+}
+
+TEST_F(InterpolatingParamTest, WritesTheCompanionBeforeItsKeyFrames) {
+  scale->interpolaterParameter()->addKeyFrame(10, easeIn());
+  const std::string id = std::to_string(scale->xmlIdent());
+  const std::string companionId = std::to_string(scale->interpolaterParameter()->xmlIdent());
+  EXPECT_EQ("<InterpolatingParam id=\"" + id + "\" name=\"scale\">\n"
+            "  <Parameters>\n"
+            "    <Parameter id=\"" + companionId + "\" name=\"interpolater\">\n"
+            "      <Keyframes>\n"
+            "        <Keyframe time=\"0\" value=\"linr\"/>\n"
+            "        <Keyframe time=\"10\" value=\"esIn\"/>\n"
+            "      </Keyframes>\n"
+            "    </Parameter>\n"
+            "  </Parameters>\n"
+            "  <Keyframes>\n"
+            "    <Keyframe time=\"0\" value=\"1\"/>\n"
+            "  </Keyframes>\n"
+            "</InterpolatingParam>\n",
+            xmlOf(*scale));
+}
+
+}  // namespace
