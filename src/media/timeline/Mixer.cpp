@@ -11,11 +11,7 @@ namespace KelMediaLib {
 
 Mixer::Mixer(boost::weak_ptr<const ThreadSafe> project) : SubProject(project) {}
 
-Mixer::~Mixer() {
-  for (const boost::shared_ptr<Track>& track : tracks_) {
-    track->setParent(boost::weak_ptr<const Mixer>());
-  }
-}
+Mixer::~Mixer() = default;
 
 std::vector<boost::shared_ptr<const Track>> Mixer::tracks() const {
   return std::vector<boost::shared_ptr<const Track>>(tracks_.begin(), tracks_.end());

@@ -20,13 +20,7 @@ bool startsBefore(const boost::shared_ptr<Media>& a, const boost::shared_ptr<Med
 Track::Track(boost::weak_ptr<const ThreadSafe> project)
     : SubProject(project), ident_(new Attribute<std::string>("ident", std::string())) {}
 
-// Media may outlive the track in an undo record: they mustn't think they are
-// still on it.
-Track::~Track() {
-  for (const boost::shared_ptr<Media>& media : medias_) {
-    media->setParent(boost::weak_ptr<const Track>());
-  }
-}
+Track::~Track() = default;
 
 std::vector<boost::shared_ptr<const Media>> Track::medias() const {
   return std::vector<boost::shared_ptr<const Media>>(medias_.begin(), medias_.end());
