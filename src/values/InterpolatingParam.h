@@ -36,8 +36,10 @@ class InterpolatingParam : public Parameter<T> {
     if (right == frames.end() || time == static_cast<double>(left->first)) {
       return left->second->value();
     }
+    // The span is taken in double: key frames far apart (at the ends of the
+    // 64-bit axis) would overflow a 64-bit difference.
     const double fraction = (time - static_cast<double>(left->first)) /
-                            static_cast<double>(right->first - left->first);
+                            (static_cast<double>(right->first) - static_cast<double>(left->first));
     boost::shared_ptr<Interpolater<T>> interpolater =
         interpolaters_->valueAt(static_cast<double>(left->first));
     if (!interpolater) {

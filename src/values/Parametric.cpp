@@ -39,6 +39,13 @@ void Parametric::registerParameter(const boost::shared_ptr<ParameterInterface>& 
 }
 
 void Parametric::registerVector(const VectorParam& vector) {
+  // Checked first, so that a clash leaves no member of the vector behind.
+  for (int i = 0; i < vector.numDimensions(); ++i) {
+    if (byName_.count(vector.at(i)->name())) {
+      throw KelMediaLibException("a parametric already has a parameter named \"" +
+                                 vector.at(i)->name() + "\"");
+    }
+  }
   for (int i = 0; i < vector.numDimensions(); ++i) {
     registerParameter(vector.at(i));
   }
