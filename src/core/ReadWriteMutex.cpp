@@ -81,12 +81,16 @@ ReadWriteMutex::ScopedReadLock::ScopedReadLock(const ReadWriteMutex& mutex) : mu
   mutex_.lockRead();
 }
 
-ReadWriteMutex::ScopedReadLock::~ScopedReadLock() { mutex_.unlockRead(); }
+ReadWriteMutex::ScopedReadLock::~ScopedReadLock() {
+  mutex_.unlockRead();
+}
 
 ReadWriteMutex::ScopedWriteLock::ScopedWriteLock(const ReadWriteMutex& mutex) : mutex_(mutex) {
   mutex_.lockWrite();
 }
 
-ReadWriteMutex::ScopedWriteLock::~ScopedWriteLock() { mutex_.unlockWrite(); }
+ReadWriteMutex::ScopedWriteLock::~ScopedWriteLock() {
+  mutex_.unlockWrite();
+}
 
 }  // namespace KelMediaLib

@@ -174,6 +174,15 @@ TEST_F(MultiCommandTest, GroupUndoesBackwardAndRedoesForwardWithoutItsLogic) {
   }
 }
 
+TEST_F(MultiCommandTest, GroupRunsItsMembersWithoutAHandler) {
+  const auto member = push(model, 1);
+  const auto group = groupOf({member});
+  EXPECT_TRUE(group->execute(nullptr));
+  EXPECT_TRUE(group->unexecute(nullptr));
+  EXPECT_EQ((Log{"do 1", "undo 1"}), model.log);
+  EXPECT_EQ(std::vector<CommandHandler*>(2, nullptr), member->handlers);
+}
+
 TEST_F(MultiCommandTest, GroupWithoutMembersRunsAndUndoesWithoutEffect) {
   const auto group = groupOf({});
   EXPECT_TRUE(group->execute(handler));

@@ -18,7 +18,8 @@ namespace {
 // each test can script what happens inside a notification.
 class ScriptedObserver : public Observer {
  public:
-  ScriptedObserver(std::string name, std::vector<std::string>& log) : name_(std::move(name)), log_(log) {}
+  ScriptedObserver(std::string name, std::vector<std::string>& log)
+      : name_(std::move(name)), log_(log) {}
 
   void observerUpdate() override {
     log_.push_back(name_);
