@@ -153,6 +153,9 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   boost::shared_ptr<Media> mediaOnTrack(const boost::shared_ptr<const Track>& track,
                                         const boost::shared_ptr<const Media>& media,
                                         const char* operation) const;
+  /// Puts a media whose start changed in its place on its track again.
+  void placeAgain(const boost::shared_ptr<const Track>& track,
+                  const boost::shared_ptr<Media>& media);
   boost::shared_ptr<Track> insertNewTrack(const boost::shared_ptr<Mixer>& mixer,
                                           boost::shared_ptr<Track> track, int index,
                                           const char* operation);
