@@ -43,6 +43,11 @@ class Command : public KelObject,
   void xmlName(Options& options) const override = 0;
   void xmlAttributes(Options& options) const override;
   void xmlBody(Options& options, int depth) const override;
+
+ protected:
+  // A command traces itself as a bare element unless it says otherwise.
+  bool xmlHasAttributes() const override { return false; }
+  bool xmlHasBody() const override { return false; }
 };
 
 }  // namespace KelMediaLib

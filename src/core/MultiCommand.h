@@ -48,7 +48,7 @@ class MultiCommand : public Command {
   void xmlBody(Options& options, int depth) const override;
 
  protected:
-  bool xmlHasAttributes() const override { return false; }
+  bool xmlHasBody() const override { return true; }
 
  private:
   std::vector<boost::shared_ptr<Command>> commands_;

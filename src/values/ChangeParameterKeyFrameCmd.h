@@ -76,7 +76,7 @@ class ChangeParameterKeyFrameCmd : public Command {
   void xmlBody(Options&, int) const override {}
 
  protected:
-  bool xmlHasBody() const override { return false; }
+  bool xmlHasAttributes() const override { return true; }
 
  private:
   boost::shared_ptr<Writable> writable() const {

@@ -17,6 +17,7 @@
 #include "values/ValueText.h"
 
 #include <boost/enable_shared_from_this.hpp>
+#include <boost/make_shared.hpp>
 #include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
@@ -134,7 +135,7 @@ class Parameter : public SubProject,
 
   /// Adds a new key frame; one that stood at `time` is replaced.
   virtual void addKeyFrame(long long time, const T& value) {
-    keyFrames_[time] = boost::shared_ptr<KeyFrame<T>>(new KeyFrame<T>(time, value));
+    keyFrames_[time] = boost::make_shared<KeyFrame<T>>(time, value);
     this->notify();
   }
 
@@ -261,7 +262,7 @@ class Parameter : public SubProject,
   Parameter(boost::weak_ptr<const ThreadSafe> project, const std::string& name,
             const T& defaultValue)
       : SubProject(project), Identified(name), default_(defaultValue) {
-    keyFrames_.emplace(0, boost::shared_ptr<KeyFrame<T>>(new KeyFrame<T>(0, defaultValue)));
+    keyFrames_.emplace(0, boost::make_shared<KeyFrame<T>>(0, defaultValue));
   }
 
   typedef std::map<long long, boost::shared_ptr<KeyFrame<T>>> KeyFrameMap;

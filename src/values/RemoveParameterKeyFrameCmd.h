@@ -67,7 +67,7 @@ class RemoveParameterKeyFrameCmd : public Command {
   void xmlBody(Options&, int) const override {}
 
  protected:
-  bool xmlHasBody() const override { return false; }
+  bool xmlHasAttributes() const override { return true; }
 
  private:
   boost::shared_ptr<Writable> writable() const {

@@ -61,7 +61,7 @@ class SetAttributeValueCmd : public Command {
   void xmlBody(Options&, int) const override {}
 
  protected:
-  bool xmlHasBody() const override { return false; }
+  bool xmlHasAttributes() const override { return true; }
 
  private:
   boost::shared_ptr<Attribute<T>> writable() const {

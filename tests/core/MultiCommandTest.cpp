@@ -55,7 +55,7 @@ class PushCmd : public Command {
   std::vector<CommandHandler*> handlers;
 
  protected:
-  bool xmlHasBody() const override { return false; }
+  bool xmlHasAttributes() const override { return true; }
 
  private:
   bool step(CommandHandler* handler, const std::string& what, bool fail,
