@@ -2,9 +2,9 @@
 
 #include "media/commands/NamedCommand.h"
 
-#include <string>
-
 #include <boost/shared_ptr.hpp>
+
+#include <string>
 
 namespace KelMediaLib {
 
