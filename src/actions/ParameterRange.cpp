@@ -1,0 +1,239 @@
+#include "actions/ParameterRange.h"
+
+#include "actions/InterpolaterEnforcer.h"
+#include "actions/Modifier.h"
+#include "actions/OrvException.h"
+#include "actions/ParameterTime.h"
+#include "core/XMLText.h"
+#include "values/Parameter.h"
+#include "values/Parametric.h"
+
+#include <boost/pointer_cast.hpp>
+
+#include <limits>
+#include <ostream>
+#include <utility>
+
+namespace OrvMediaLib {
+
+using KelMediaLib::KeyFrame;
+using KelMediaLib::Parameter;
+using KelMediaLib::Range;
+
+namespace {
+
+const long long kNoPreviousKeyFrame = std::numeric_limits<long long>::min();
+const long long kNoNextKeyFrame = std::numeric_limits<long long>::max();
+
+// Key frames shared with a parameter are written in place: going through the
+// parameter would notify every range of it again from inside this update.
+void writeInPlace(const boost::shared_ptr<const KeyFrame<double>>& keyFrame, double value) {
+  boost::const_pointer_cast<KeyFrame<double>>(keyFrame)->setValue(value);
+}
+
+}  // namespace
+
+ParameterRange::ParameterRange(boost::shared_ptr<const KelMediaLib::Parametric> parametric,
+                               boost::shared_ptr<const Parameter<double>> parameter,
+                               boost::shared_ptr<const KeyFrameType> left,
+                               boost::shared_ptr<const KeyFrameType> right,
+                               const Modifier& modifier)
+    : parametric_(std::move(parametric)),
+      parameter_(std::move(parameter)),
+      leftKeyframe_(std::move(left)),
+      rightKeyframe_(std::move(right)),
+      modifier_(modifier.clone()),
+      leftValue_(0.0),
+      rightValue_(0.0) {
+  if (!parametric_ || !parameter_ || !leftKeyframe_ || !rightKeyframe_) {
+    throw OrvException("a parameter range needs a parametric, a parameter and two key frames");
+  }
+  parameter_->attach(this);
+  timeRange_ = timeRange();
+  leftValue_ = leftKeyframe_->value();
+  rightValue_ = rightKeyframe_->value();
+}
+
+ParameterRange::ParameterRange(const ParameterRange& other)
+    : KelMediaLib::XMLIdentified(other),
+      KelMediaLib::Subject(other),
+      KelMediaLib::Observer(other),
+      KelMediaLib::XMLable(other),
+      parametric_(other.parametric_),
+      parameter_(other.parameter_),
+      leftKeyframe_(other.leftKeyframe_),
+      rightKeyframe_(other.rightKeyframe_),
+      modifier_(other.modifier_->clone()),
+      leftValue_(other.leftValue_),
+      rightValue_(other.rightValue_),
+      interpolater_(other.interpolater_) {
+  parameter_->attach(this);
+}
+
+ParameterRange::~ParameterRange() {
+  parameter_->detach(this);
+}
+
+void ParameterRange::setInterpolater(boost::shared_ptr<InterpolaterRange> interpolater) {
+  interpolater_ = std::move(interpolater);
+}
+
+long long ParameterRange::leftTime() const {
+  return leftKeyframe_->time();
+}
+
+long long ParameterRange::rightTime() const {
+  return rightKeyframe_->time();
+}
+
+long long ParameterRange::duration() const {
+  return rightTime() - leftTime();
+}
+
+Range<long long> ParameterRange::timeRange() const {
+  return Range<long long>(leftTime(), duration());
+}
+
+Range<long long> ParameterRange::parametricTimeRange() const {
+  const Range<long long> range = timeRange();
+  return Range<long long>(
+      truncateTime(parametric_->fromParameterTime(static_cast<double>(range.start))),
+      range.duration);
+}
+
+void ParameterRange::observerUpdate() {
+  bool changed = false;
+  const Range<long long> now = timeRange();
+  if (now != timeRange_) {
+    timeRange_ = now;
+    if (interpolater_) {
+      updateInterpolater(now);
+    }
+    changed = true;
+  }
+  if (syncLeftValue()) {
+    changed = true;
+  }
+  if (leftKeyframe_->value() != leftValue_) {
+    leftValue_ = leftKeyframe_->value();
+    handToPreviousKeyFrame();
+    changed = true;
+  }
+  if (rightKeyframe_->value() != rightValue_) {
+    rightValue_ = rightKeyframe_->value();
+    handToNextKeyFrame();
+    changed = true;
+  }
+  if (changed) {
+    notify();
+  }
+}
+
+void ParameterRange::updateInterpolater(const Range<long long>& now) {
+  const long long old = interpolater_->keyframe()->time();
+  if (old != now.start && interpolater_->parameter()->hasKeyFrameAt(old)) {
+    boost::const_pointer_cast<InterpolaterRange::InterpolaterParameter>(interpolater_->parameter())
+        ->moveKeyFrame(old, now.start);
+  }
+}
+
+// The value of a parameter holds between two ranges, so a left key frame
+// pulls the value of the key frame before it. Only while the parameter is in
+// balance (a pair per range, plus a resting key frame at 0 or not): while a
+// pair is half in or half out, the key frame before may be a stranger's.
+bool ParameterRange::syncLeftValue() {
+  const long long previous = parameter_->prevKeyFrameTime(leftTime());
+  if (previous == kNoPreviousKeyFrame) {
+    return false;
+  }
+  const bool evenCount = parameter_->numKeyFrames() % 2 == 0;
+  if (evenCount == parameter_->hasKeyFrameAt(0)) {
+    return false;
+  }
+  const double value = parameter_->valueAt(static_cast<double>(previous));
+  if (value == leftKeyframe_->value()) {
+    return false;
+  }
+  writeInPlace(leftKeyframe_, value);
+  return true;
+}
+
+void ParameterRange::handToPreviousKeyFrame() {
+  const long long previous = parameter_->prevKeyFrameTime(leftTime());
+  if (previous != kNoPreviousKeyFrame) {
+    writeInPlace(parameter_->keyFrame(previous), leftKeyframe_->value());
+  }
+}
+
+void ParameterRange::handToNextKeyFrame() {
+  const long long next = parameter_->nextKeyFrameTime(rightTime());
+  if (next != kNoNextKeyFrame) {
+    writeInPlace(parameter_->keyFrame(next), rightKeyframe_->value());
+  }
+}
+
+void ParameterRange::addRangesKeyframes(
+    const boost::shared_ptr<const Parameter<double>>& parameter,
+    const boost::shared_ptr<const KeyFrameType>& left,
+    const boost::shared_ptr<const KeyFrameType>& right,
+    const boost::shared_ptr<const InterpolaterRange::InterpolaterParameter>& interpolaterParameter,
+    const boost::shared_ptr<const InterpolaterRange::InterpolaterKeyFrame>& interpolaterKeyframe) {
+  if (!parameter || !left || !right) {
+    throw OrvException("key frames of a parameter range need a parameter and two key frames");
+  }
+  const boost::shared_ptr<Parameter<double>> target =
+      boost::const_pointer_cast<Parameter<double>>(parameter);
+
+  if (left->value() == right->value()) {
+    const long long next = target->nextKeyFrameTime(right->time());
+    if (next != kNoNextKeyFrame) {
+      writeInPlace(right, target->valueAt(static_cast<double>(next)));
+    }
+  }
+
+  if (target->numKeyFrames() == 1) {
+    const long long leftTime = left->time();
+    target->replaceKeyFrame(0, left);
+    if (leftTime != 0) {
+      target->moveKeyFrame(0, leftTime);
+    }
+    target->addKeyFrame(right);
+  } else {
+    target->addKeyFrame(left);
+    target->addKeyFrame(right);
+  }
+
+  if (interpolaterParameter) {
+    const boost::shared_ptr<InterpolaterRange::InterpolaterParameter> companion =
+        boost::const_pointer_cast<InterpolaterRange::InterpolaterParameter>(interpolaterParameter);
+    if (companion->numKeyFrames() == 1) {
+      companion->moveKeyFrame(0, -1);
+    }
+    companion->addKeyFrame(interpolaterKeyframe);
+  }
+
+  InterpolaterEnforcer::enforceFirstInterpolater(target);
+}
+
+void ParameterRange::xmlName(Options& options) const {
+  options.out << "ParameterRange";
+}
+
+void ParameterRange::xmlAttributes(Options& options) const {
+  std::ostream& out = options.out;
+  out << "id=\"";
+  KelMediaLib::writeXMLValue(out, xmlIdent());
+  out << "\" parametric=\"";
+  KelMediaLib::writeXMLValue(out, parametric_->xmlIdent());
+  out << "\" parameter=\"";
+  KelMediaLib::writeXMLValue(out, parameter_->name());
+  out << "\" left=\"";
+  KelMediaLib::writeXMLValue(out, leftTime());
+  out << "\" right=\"";
+  KelMediaLib::writeXMLValue(out, rightTime());
+  out << '"';
+}
+
+void ParameterRange::xmlBody(Options&, int) const {}
+
+}  // namespace OrvMediaLib

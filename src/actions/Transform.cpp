@@ -1,0 +1,7 @@
+#include "actions/Transform.h"
+
+namespace OrvMediaLib {
+
+Transform::~Transform() = default;
+
+}  // namespace OrvMediaLib
