@@ -1,0 +1,7 @@
+#include "actions/Action.h"
+
+namespace OrvMediaLib {
+
+Action::~Action() = default;
+
+}  // namespace OrvMediaLib

@@ -1,0 +1,20 @@
+#include "actions/CenterAction.h"
+
+#include <ostream>
+
+namespace OrvMediaLib {
+
+CenterAction::CenterAction(boost::shared_ptr<const KelMediaLib::Parametric> parametric,
+                           const KelMediaLib::Range<long long>& timeRange)
+    : ActionImpl(parametric, timeRange) {}
+
+CenterAction::CenterAction(boost::shared_ptr<const KelMediaLib::Parametric> parametric)
+    : ActionImpl(parametric, KelMediaLib::Range<long long>(0, 0)) {}
+
+CenterAction::CenterAction(const CenterAction& other) : ActionImpl(other) {}
+
+CenterAction* CenterAction::clone() const { return new CenterAction(*this); }
+
+void CenterAction::xmlName(Options& options) const { options.out << "CenterAction"; }
+
+}  // namespace OrvMediaLib
