@@ -1,6 +1,9 @@
 #include "media/sources/MediaFileStats.h"
 
 #include "core/KelMediaLibException.h"
+#include "media/sources/StatsLoader.h"
+
+#include <boost/filesystem.hpp>
 
 #include <string>
 
@@ -11,6 +14,24 @@ MediaFileStats::TrackStats::TrackStats()
 
 boost::shared_ptr<MediaFileStats> MediaFileStats::create() {
   return boost::shared_ptr<MediaFileStats>(new MediaFileStats());
+}
+
+boost::shared_ptr<MediaFileStats> MediaFileStats::create(const std::string& path) {
+  const boost::shared_ptr<StatsLoader> loader = StatsLoader::loaderFor(path);
+  if (!loader) {
+    throw KelMediaLibException("can't load \"" + path +
+                               "\": no stats loader opens it (is it a video, audio or "
+                               "picture file, or a recording?)");
+  }
+  const boost::shared_ptr<MediaFileStats> stats = create();
+  stats->setFilename(path);
+  boost::system::error_code error;
+  const std::time_t changed = boost::filesystem::last_write_time(path, error);
+  if (!error) {
+    stats->setLastModified(changed);
+  }
+  loader->loadStats(path, stats.get());
+  return stats;
 }
 
 MediaFileStats::MediaFileStats() : lastModified_(0) {}

@@ -45,6 +45,11 @@ class MediaFileStats : public KelObject {
 
   /// Empty stats: no file name, an empty rectangle, time 0, no tracks.
   static boost::shared_ptr<MediaFileStats> create();
+  /// The stats of the file or directory at `path`, named by it and stamped
+  /// with its time of change, as the first registered `StatsLoader` that
+  /// opens it reads them. Throws `KelMediaLibException` naming the path when
+  /// no loader opens it; a loader's own failure goes on as it is.
+  static boost::shared_ptr<MediaFileStats> create(const std::string& path);
 
   const std::string& filename() const { return filename_; }
   void setFilename(const std::string& filename) { filename_ = filename; }
@@ -56,6 +61,8 @@ class MediaFileStats : public KelObject {
 
   void addTrackStats(const TrackStats& stats) { tracks_.push_back(stats); }
   const std::vector<TrackStats>& trackStats() const { return tracks_; }
+  /// Replaces all track records (how a relink renames the tracks' files).
+  void setTrackStats(const std::vector<TrackStats>& tracks) { tracks_ = tracks; }
   /// The track of that index; throws `KelMediaLibException` out of range.
   const TrackStats& trackStatsAt(unsigned int index) const;
 

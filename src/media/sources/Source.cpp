@@ -2,10 +2,19 @@
 
 #include "core/KelMediaLibException.h"
 #include "core/XMLText.h"
+#include "media/media/AMFile.h"
+#include "media/media/IMFile.h"
+#include "media/media/VMFile.h"
+#include "media/metadata/ScreenMetaData.h"
 #include "media/sources/MediaFileStats.h"
+#include "values/SetAttributeValueCmd.h"
+
+#include <boost/filesystem.hpp>
 
 #include <ctime>
 #include <ostream>
+#include <set>
+#include <string>
 
 namespace KelMediaLib {
 
@@ -26,16 +35,126 @@ void writeStamp(std::ostream& out, std::time_t time) {
   out << text;
 }
 
+typedef void (ScreenMetaData::*MetaDataSetter)(const std::string&);
+
+// A recording names its metadata files by what they hold.
+MetaDataSetter setterFor(const std::string& fileName) {
+  const std::string stem = boost::filesystem::path(fileName).stem().string();
+  if (stem == "frontmost") {
+    return &ScreenMetaData::setFrontWindowFile;
+  }
+  if (stem == "cursorlocation") {
+    return &ScreenMetaData::setCursorLocationFile;
+  }
+  if (stem == "cursoraction") {
+    return &ScreenMetaData::setCursorActionFile;
+  }
+  if (stem == "dirtyrect") {
+    return &ScreenMetaData::setDirtyRectsFile;
+  }
+  return nullptr;
+}
+
+std::string trackLabel(const MediaFileStats& stats, unsigned int index) {
+  return "source \"" + stats.filename() + "\", track " + std::to_string(index);
+}
+
+void attachMetaData(const boost::shared_ptr<VMFile>& video, const MediaFileStats& stats,
+                    unsigned int index, const boost::weak_ptr<const ThreadSafe>& project,
+                    const boost::weak_ptr<const ProjectEditRate>& editRate) {
+  if (editRate.expired()) {
+    throw KelMediaLibException(trackLabel(stats, index) +
+                               ": screen metadata files need a project whose edit rate "
+                               "converts their times");
+  }
+  const boost::shared_ptr<ScreenMetaData> metaData =
+      ScreenMetaData::create(project, video, editRate);
+  for (const std::string& file : stats.trackStats()[index].metaDataFiles) {
+    const MetaDataSetter setter = setterFor(file);
+    if (!setter) {
+      throw KelMediaLibException(trackLabel(stats, index) + ": \"" + file +
+                                 "\" is no screen metadata file (frontmost.dat, "
+                                 "cursorlocation.dat, cursoraction.dat, dirtyrect.dat)");
+    }
+    // A recording may lack some of its metadata; what is there is read.
+    boost::system::error_code error;
+    if (boost::filesystem::exists(metaData->pathOf(file), error)) {
+      (metaData.get()->*setter)(file);
+    }
+  }
+  // The media is new and nobody else holds it yet: no history, no lock.
+  SetAttributeValueCmd<boost::shared_ptr<const ScreenMetaData>>(video->screenMetaData(), metaData)
+      .execute(nullptr);
+}
+
 }  // namespace
 
-boost::shared_ptr<Source> Source::create(boost::shared_ptr<MediaFileStats> stats) {
+// The deleter of the handles that `create` hands out: with the last of them
+// the source lets its media go, which breaks the cycle source -> media ->
+// source, and then drops its own hold.
+class Source::Release {
+ public:
+  explicit Release(boost::shared_ptr<Source> owner) : owner_(owner) {}
+
+  void operator()(Source* source) {
+    std::vector<boost::shared_ptr<const Media>> gone;
+    gone.swap(source->media_);
+    gone.clear();
+    owner_.reset();
+  }
+
+ private:
+  boost::shared_ptr<Source> owner_;
+};
+
+boost::shared_ptr<Source> Source::create(boost::shared_ptr<MediaFileStats> stats,
+                                         boost::weak_ptr<const ThreadSafe> project,
+                                         boost::weak_ptr<const ProjectEditRate> editRate) {
   if (!stats) {
     throw KelMediaLibException("a source needs the stats of its file");
   }
-  return boost::shared_ptr<Source>(new Source(stats));
+  const boost::shared_ptr<Source> owner(new Source(stats));
+  owner->makeMedia(owner, project, editRate);
+  return boost::shared_ptr<Source>(owner.get(), Release(owner));
 }
 
 Source::Source(boost::shared_ptr<MediaFileStats> stats) : stats_(stats) {}
+
+Source::~Source() = default;
+
+void Source::makeMedia(const boost::shared_ptr<const Source>& self,
+                       const boost::weak_ptr<const ThreadSafe>& project,
+                       const boost::weak_ptr<const ProjectEditRate>& editRate) {
+  // Made aside, so that a failure leaves no media holding the source.
+  std::vector<boost::shared_ptr<const Media>> made;
+  const std::vector<MediaFileStats::TrackStats>& tracks = stats_->trackStats();
+  for (unsigned int index = 0; index < tracks.size(); ++index) {
+    const MediaFileStats::TrackStats& track = tracks[index];
+    switch (track.type) {
+      case MediaFileStats::Video: {
+        const boost::shared_ptr<VMFile> video = VMFile::create(track.range, project, self, index);
+        if (!track.metaDataFiles.empty()) {
+          attachMetaData(video, *stats_, index, project, editRate);
+        }
+        made.push_back(video);
+        break;
+      }
+      case MediaFileStats::Image:
+        made.push_back(
+            IMFile::create(track.range.start, track.range.duration, project, self, index));
+        break;
+      case MediaFileStats::Audio: {
+        std::set<unsigned int> channels;
+        for (int channel = 0; channel < track.numChannels; ++channel) {
+          channels.insert(static_cast<unsigned int>(channel));
+        }
+        made.push_back(AMFile::create(track.range, project, self, index, channels));
+        break;
+      }
+    }
+  }
+  media_.swap(made);
+}
 
 boost::optional<Range<long long>> Source::trackRange(unsigned int trackIndex) const {
   const std::vector<MediaFileStats::TrackStats>& tracks = stats_->trackStats();
