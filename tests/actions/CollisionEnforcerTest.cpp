@@ -1,0 +1,106 @@
+#include "actions/ActionBin.h"
+#include "actions/CollisionEnforcer.h"
+#include "actions/OrvException.h"
+
+#include "actions/ActionTestSupport.h"
+
+#include <boost/function.hpp>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace actiontest;
+using KelMediaLib::Range;
+using OrvMediaLib::ActionBin;
+using OrvMediaLib::CenterAction;
+using OrvMediaLib::CollisionEnforcer;
+using OrvMediaLib::OrvException;
+
+// Opacity animated over (100, 100), scale0 over (300, 100), both in one bin;
+// each case moves one key frame and may first add an action of no length.
+TEST(CollisionEnforcerTest, AKeyFrameMoveThatMakesAnActionCollideThrowsFromItsNotification) {
+  struct Case {
+    const char* name;
+    const char* parameter;
+    long long from, to;
+    bool zeroLengthNeighbour;
+    bool collides;
+  };
+  const Case cases[] = {
+      {"end meets the right neighbour's start", "opacity", 200, 300, false, true},
+      {"start meets the left neighbour's end", "scale0", 300, 200, false, false},
+      {"overlap", "opacity", 200, 350, false, true},
+      {"overlap from the right", "scale0", 300, 150, false, true},
+      {"apart", "opacity", 200, 250, false, false},
+      {"any change beside an action of no length", "opacity", 200, 210, true, true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    Model model;
+    const auto media = model.media();
+    const auto bin = ActionBin::create();
+    bin->addAction(media, makeAction(media, "opacity", 100, 200));
+    bin->addAction(media, makeAction(media, "scale0", 300, 400));
+    if (c.zeroLengthNeighbour) {
+      bin->addAction(media, boost::make_shared<CenterAction>(media, Range<long long>(600, 0)));
+    }
+    const auto parameter = parameterOf(*media, c.parameter);
+    if (c.collides) {
+      try {
+        parameter->moveKeyFrame(c.from, c.to);
+        ADD_FAILURE() << "no collision";
+      } catch (const OrvException& e) {
+        EXPECT_STREQ("CollisionEnforcer: collision", e.what());
+      }
+    } else {
+      EXPECT_NO_THROW(parameter->moveKeyFrame(c.from, c.to));
+    }
+    EXPECT_TRUE(parameter->hasKeyFrameAt(c.to));
+    EXPECT_FALSE(parameter->hasKeyFrameAt(c.from));
+  }
+}
+
+TEST(CollisionEnforcerTest, WatchesUntilTheActionOrItsMediaIsDropped) {
+  Model model;
+  const auto media = model.media();
+  const auto other = model.media();
+  const auto first = boost::make_shared<CenterAction>(media, Range<long long>(0, 10));
+  const auto second = boost::make_shared<CenterAction>(media, Range<long long>(5, 10));
+  const auto listed = boost::make_shared<OrvMediaLib::ActionList>(
+      OrvMediaLib::ActionList{first, second});
+  std::unique_ptr<CollisionEnforcer> enforcer(
+      CollisionEnforcer::create([listed](boost::shared_ptr<const KelMediaLib::Media>) { return listed; }));
+
+  enforcer->addAction(media, first);
+  EXPECT_THROW(first->setTimeRange(Range<long long>(0, 10)), OrvException);
+  enforcer->removeMedia(other);
+  EXPECT_EQ(1u, enforcer->numActions());
+  enforcer->removeAction(first);
+  EXPECT_NO_THROW(first->setTimeRange(Range<long long>(0, 10)));
+  try {
+    enforcer->removeAction(first);
+    ADD_FAILURE() << "no exception";
+  } catch (const OrvException& e) {
+    EXPECT_STREQ("removing non existant action.", e.what());
+  }
+
+  enforcer->addAction(media, first);
+  enforcer->addAction(other, second);
+  enforcer->removeMedia(media);
+  EXPECT_EQ(1u, enforcer->numActions());
+  EXPECT_NO_THROW(first->setTimeRange(Range<long long>(0, 10)));
+
+  std::unique_ptr<CollisionEnforcer> unbound(
+      CollisionEnforcer::create(CollisionEnforcer::MediasActionsFunction()));
+  unbound->addAction(media, first);
+  try {
+    first->setTimeRange(Range<long long>(0, 10));
+    ADD_FAILURE() << "no exception";
+  } catch (const std::exception& e) {
+    EXPECT_STREQ("call to empty boost::function", e.what());
+  }
+}
+
+}  // namespace
