@@ -96,8 +96,8 @@ Tokens split(const std::string& line) {
 // Seconds to the nearest edit unit; false for a time that is negative or
 // beyond the 64-bit time axis.
 bool toEditUnits(double seconds, const EditRate& rate, long long& time) {
-  const long double units = static_cast<long double>(seconds) * rate.numerator() /
-                            rate.denominator();
+  const long double units =
+      static_cast<long double>(seconds) * rate.numerator() / rate.denominator();
   if (!(seconds >= 0) || units > 9.2e18L) {
     return false;
   }
@@ -141,9 +141,8 @@ boost::shared_ptr<Parameter<T>> readFile(const std::string& fileName, const std:
     tokens.erase(tokens.begin());
     if (!timed || !parse(tokens, value)) {
       throw KelMediaLibException("screen metadata: \"" + fileName + "\", line " +
-                                 std::to_string(number) + ": a " + name + " record is \"" +
-                                 form + "\" (seconds 0 or more, then numbers), not \"" + line +
-                                 "\"");
+                                 std::to_string(number) + ": a " + name + " record is \"" + form +
+                                 "\" (seconds 0 or more, then numbers), not \"" + line + "\"");
     }
     parameter->addKeyFrame(time, value);
     anyRecord = true;
@@ -241,9 +240,9 @@ void ScreenMetaData::setCursorActionFile(const std::string& fileName) {
 
 void ScreenMetaData::setDirtyRectsFile(const std::string& fileName) {
   bool any = false;
-  dirtyRects_ = readFile(fileName, pathOf(fileName), project_, dirtyRectsName,
-                         std::vector<Rect<float>>(), editRate(), "time n x1 y1 w1 h1 ...",
-                         parseDirtyRects, any);
+  dirtyRects_ =
+      readFile(fileName, pathOf(fileName), project_, dirtyRectsName, std::vector<Rect<float>>(),
+               editRate(), "time n x1 y1 w1 h1 ...", parseDirtyRects, any);
   dirtyRectsContent_ = any;
   dirtyRectsFile_ = fileName;
 }
@@ -268,7 +267,9 @@ std::vector<std::pair<std::string, std::string>> ScreenMetaData::parameterFiles(
   return files;
 }
 
-void ScreenMetaData::xmlName(Options& options) const { options.out << "ScreenMetaData"; }
+void ScreenMetaData::xmlName(Options& options) const {
+  options.out << "ScreenMetaData";
+}
 
 void ScreenMetaData::xmlBody(Options& options, int depth) const {
   for (const auto& file : parameterFiles()) {

@@ -3,6 +3,8 @@
 #include "core/Command.h"
 #include "core/KelMediaLibException.h"
 #include "core/ReadWriteMutex.h"
+#include "core/XMLText.h"
+#include "media/commands/ChangeSourcesFileCmd.h"
 #include "media/edges/EdgeModifiable.h"
 #include "media/edges/EdgeModification.h"
 #include "media/effects/Effect.h"
@@ -78,6 +80,7 @@ boost::shared_ptr<InternalProject> InternalProject::create(EditRate editRate) {
   }
   boost::shared_ptr<InternalProject> project(new InternalProject(editRate));
   project->self_ = boost::shared_ptr<const ThreadSafe>(project);
+  project->selfRate_ = boost::shared_ptr<const ProjectEditRate>(project);
   return project;
 }
 
@@ -188,6 +191,31 @@ boost::shared_ptr<const Timeline> InternalProject::timeline() const {
 
 boost::shared_ptr<const SourceBin> InternalProject::sourceBin() const {
   return sourceBin_;
+}
+
+void InternalProject::changeSourcesFile(boost::shared_ptr<const Source> source,
+                                        const std::string& path) {
+  require(source, "changeSourcesFile", "source");
+  boost::system::error_code error;
+  if (!boost::filesystem::exists(path, error)) {
+    throw failure("changeSourcesFile", "there is no file \"" + path + "\" to relink " +
+                                           "the source to");
+  }
+  bool inBin = false;
+  {
+    ReadWriteMutex::ScopedReadLock lock(mutex());
+    inBin = sourceBin_->containsSource(source.get());
+  }
+  if (!inBin) {
+    throw failure("changeSourcesFile", "the source of \"" + source->mediaFileStats()->filename() +
+                                           "\" isn't in the source bin");
+  }
+  execute(ChangeSourcesFileCmd::create(source, path));
+}
+
+void InternalProject::addSourceBinSentry(boost::shared_ptr<SourceBinSentry> sentry) {
+  ReadWriteMutex::ScopedWriteLock lock(mutex());
+  sourceBin_->addSentry(sentry);
 }
 
 void InternalProject::xmlName(Options& options) const {
@@ -565,14 +593,8 @@ void InternalProject::moveParameterKeyFrame(boost::shared_ptr<const Parametric> 
 // Sources.
 
 boost::shared_ptr<const Source> InternalProject::loadSource(const std::string& fileName) {
-  boost::system::error_code error;
-  if (!boost::filesystem::is_regular_file(fileName, error)) {
-    throw failure("loadSource", "\"" + fileName + "\" isn't a file that can be read");
-  }
-  const boost::shared_ptr<MediaFileStats> stats = MediaFileStats::create();
-  stats->setFilename(fileName);
-  stats->setLastModified(boost::filesystem::last_write_time(fileName));
-  const boost::shared_ptr<const Source> source = Source::create(stats);
+  const boost::shared_ptr<const Source> source =
+      Source::create(MediaFileStats::create(fileName), self_, selfRate_);
   sourceBin_->addSource(source);
   return source;
 }

@@ -51,6 +51,8 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   boost::shared_ptr<const SourceBin> sourceBin() const override;
   const CommandHistory& commandHistory() const override { return history_; }
   boost::shared_ptr<ClipBoard> clipBoard() override { return clipBoard_; }
+  void changeSourcesFile(boost::shared_ptr<const Source> source, const std::string& path) override;
+  void addSourceBinSentry(boost::shared_ptr<SourceBinSentry> sentry) override;
 
   void xmlName(Options& options) const override;
   void xmlAttributes(Options& options) const override;
@@ -120,9 +122,9 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
                              boost::shared_ptr<const ParameterInterface> parameter,
                              long long oldTime, long long newTime) override;
 
-  /// Makes a source for an existing file, its stats naming the file and its
-  /// time of last change; throws `KelMediaLibException` naming a path that
-  /// isn't a file.
+  /// Makes a source of the file's stats as the registered stats loaders read
+  /// them (see `MediaFileStats::create`), with its media in this project;
+  /// throws `KelMediaLibException` naming a path that no loader opens.
   boost::shared_ptr<const Source> loadSource(const std::string& fileName) override;
   void loadSource(boost::shared_ptr<const Source> source) override;
   void unloadSource(boost::shared_ptr<const Source> source) override;
@@ -162,6 +164,7 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
 
   EditRate editRate_;
   boost::weak_ptr<const ThreadSafe> self_;
+  boost::weak_ptr<const ProjectEditRate> selfRate_;
   boost::shared_ptr<Timeline> timeline_;
   boost::shared_ptr<SourceBin> sourceBin_;
   boost::shared_ptr<ClipBoard> clipBoard_;

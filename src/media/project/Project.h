@@ -9,13 +9,17 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <string>
+
 namespace KelMediaLib {
 
 class ClipBoard;
 class Command;
 class CommandHistory;
 class CommandObserver;
+class Source;
 class SourceBin;
+class SourceBinSentry;
 class Timeline;
 
 /// A project of the media model: the timeline, the source bin and the
@@ -64,6 +68,15 @@ class Project : public XMLable,
   virtual boost::shared_ptr<const SourceBin> sourceBin() const = 0;
   virtual const CommandHistory& commandHistory() const = 0;
   virtual boost::shared_ptr<ClipBoard> clipBoard() = 0;
+  /// Relinks a source of the bin to a moved file: executes a
+  /// `ChangeSourcesFileCmd`, one undoable history entry. Throws
+  /// `KelMediaLibException` naming the path, changing nothing, when nothing
+  /// is there, and on a source that isn't in the bin.
+  virtual void changeSourcesFile(boost::shared_ptr<const Source> source,
+                                 const std::string& path) = 0;
+  /// Keeps the sentry and tells it of every source loaded into or unloaded
+  /// from the bin from now on (see `SourceBinSentry`).
+  virtual void addSourceBinSentry(boost::shared_ptr<SourceBinSentry> sentry) = 0;
 };
 
 }  // namespace KelMediaLib

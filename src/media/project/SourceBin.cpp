@@ -4,6 +4,7 @@
 #include "media/sources/Clipping.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
+#include "media/sources/SourceBinSentry.h"
 
 #include <algorithm>
 #include <ostream>
@@ -15,6 +16,32 @@ namespace {
 std::string sourceLabel(const Source& source) {
   return "source " + std::to_string(source.xmlIdent()) + " (\"" +
          source.mediaFileStats()->filename() + "\")";
+}
+
+typedef void (SourceBinSentry::*Tell)(boost::shared_ptr<const Source>);
+
+// Tells every sentry; when one throws, those told before it hear `undo`,
+// `revert` puts the bin back, and the exception goes on.
+template <class Revert>
+void tellAll(const std::vector<boost::shared_ptr<SourceBinSentry>>& sentries, Tell tell, Tell undo,
+             const boost::shared_ptr<const Source>& source, Revert revert) {
+  std::size_t told = 0;
+  try {
+    for (; told < sentries.size(); ++told) {
+      (sentries[told].get()->*tell)(source);
+    }
+  } catch (...) {
+    while (told > 0) {
+      --told;
+      try {
+        (sentries[told].get()->*undo)(source);
+      } catch (...) {
+        // The first failure is the one reported; the others are dropped.
+      }
+    }
+    revert();
+    throw;
+  }
 }
 
 }  // namespace
@@ -51,7 +78,10 @@ void SourceBin::addSource(boost::shared_ptr<const Source> source) {
                        [](unsigned int ident, const boost::shared_ptr<const Source>& held) {
                          return ident < held->xmlIdent();
                        });
-  sources_.insert(place, source);
+  const auto inserted = sources_.insert(place, source);
+  const std::ptrdiff_t index = inserted - sources_.begin();
+  tellAll(sentries_, &SourceBinSentry::sourceLoaded, &SourceBinSentry::sourceUnloaded, source,
+          [this, index] { sources_.erase(sources_.begin() + index); });
   notify();
 }
 
@@ -64,19 +94,42 @@ void SourceBin::removeSource(const Source* source) {
         "source bin: " + (source ? sourceLabel(*source) : std::string("a null source")) +
         " isn't in the bin");
   }
+  const boost::shared_ptr<const Source> removed = *found;
+  const std::ptrdiff_t index = found - sources_.begin();
   sources_.erase(found);
+  tellAll(sentries_, &SourceBinSentry::sourceUnloaded, &SourceBinSentry::sourceLoaded, removed,
+          [this, index, removed] { sources_.insert(sources_.begin() + index, removed); });
   notify();
+}
+
+void SourceBin::addSentry(boost::shared_ptr<SourceBinSentry> sentry) {
+  if (!sentry) {
+    throw KelMediaLibException("source bin: no sentry given");
+  }
+  if (std::find(sentries_.begin(), sentries_.end(), sentry) != sentries_.end()) {
+    throw KelMediaLibException("source bin: the sentry is kept already");
+  }
+  sentries_.push_back(sentry);
 }
 
 void SourceBin::addClipping(boost::shared_ptr<Clipping> clipping) {
   if (!clipping) {
     throw KelMediaLibException("source bin: no clipping given");
   }
+  if (!containsSource(clipping->source().get())) {
+    throw KelMediaLibException("source bin: the clipping \"" + clipping->name() + "\" marks " +
+                               sourceLabel(*clipping->source()) + ", which isn't in the bin");
+  }
   if (std::find(clippings_.begin(), clippings_.end(), clipping) != clippings_.end()) {
     throw KelMediaLibException("source bin: the clipping \"" + clipping->name() +
                                "\" is in the bin already");
   }
-  clippings_.push_back(clipping);
+  const auto place =
+      std::upper_bound(clippings_.begin(), clippings_.end(), clipping->serial(),
+                       [](unsigned long long serial, const boost::shared_ptr<Clipping>& held) {
+                         return serial < held->serial();
+                       });
+  clippings_.insert(place, clipping);
   notify();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/KelMediaLibException.h"
 
+#include <atomic>
 #include <string>
 
 namespace KelMediaLib {
@@ -21,6 +22,9 @@ boost::shared_ptr<Clipping> Clipping::create(const std::string& name,
 
 Clipping::Clipping(const std::string& name, boost::shared_ptr<const Source> source,
                    Range<long long> range)
-    : name_(name), source_(source), range_(range) {}
+    : name_(name), source_(source), range_(range) {
+  static std::atomic<unsigned long long> made(0);
+  serial_ = ++made;
+}
 
 }  // namespace KelMediaLib

@@ -23,14 +23,17 @@ class Clipping : public KelObject {
   const std::string& name() const { return name_; }
   boost::shared_ptr<const Source> source() const { return source_; }
   Range<long long> range() const { return range_; }
+  /// Rises with each clipping made in the process: the order of a bin's
+  /// clippings, so that one taken out and put back returns to its place.
+  unsigned long long serial() const { return serial_; }
 
  private:
-  Clipping(const std::string& name, boost::shared_ptr<const Source> source,
-           Range<long long> range);
+  Clipping(const std::string& name, boost::shared_ptr<const Source> source, Range<long long> range);
 
   std::string name_;
   boost::shared_ptr<const Source> source_;
   Range<long long> range_;
+  unsigned long long serial_;
 };
 
 }  // namespace KelMediaLib

@@ -80,7 +80,9 @@ bool isStill(const AVFormatContext& context, const AVStream& stream) {
          (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
 }
 
-bool valid(AVRational rate) { return rate.num > 0 && rate.den > 0; }
+bool valid(AVRational rate) {
+  return rate.num > 0 && rate.den > 0;
+}
 
 // The stream's length in units of `rate`: the counted frames when the
 // container knows them, else the stream's duration, else the file's.
@@ -142,8 +144,8 @@ void FFmpegStatsLoader::loadStats(const std::string& path, MediaFileStats* stats
       } else {
         AVRational rate = av_guess_frame_rate(&context, &stream, nullptr);
         if (!valid(rate)) {
-          throw KelMediaLibException("FFmpeg stats loader: stream " + std::to_string(i) +
-                                     " of \"" + path + "\" has no frame rate");
+          throw KelMediaLibException("FFmpeg stats loader: stream " + std::to_string(i) + " of \"" +
+                                     path + "\" has no frame rate");
         }
         track.type = MediaFileStats::Video;
         track.editRate = editRateOf(rate);
@@ -176,6 +178,8 @@ void FFmpegStatsLoader::loadStats(const std::string& path, MediaFileStats* stats
   }
 }
 
-std::string FFmpegStatsLoader::description() const { return "FFmpegStatsLoader"; }
+std::string FFmpegStatsLoader::description() const {
+  return "FFmpegStatsLoader";
+}
 
 }  // namespace KelMediaLib

@@ -164,7 +164,9 @@ boost::optional<Range<long long>> Source::trackRange(unsigned int trackIndex) co
   return tracks[trackIndex].range;
 }
 
-void Source::xmlName(Options& options) const { options.out << "Source"; }
+void Source::xmlName(Options& options) const {
+  options.out << "Source";
+}
 
 void Source::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
