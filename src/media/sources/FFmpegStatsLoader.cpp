@@ -19,6 +19,19 @@ namespace KelMediaLib {
 
 namespace {
 
+// A stream whose pictures have a size or whose sound has a rate: what the
+// probe couldn't make sense of (a file that merely bears a picture's name)
+// is no track.
+bool usable(const AVCodecParameters& codec) {
+  if (codec.codec_type == AVMEDIA_TYPE_VIDEO) {
+    return codec.width > 0 && codec.height > 0;
+  }
+  if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
+    return codec.sample_rate > 0 && codec.ch_layout.nb_channels > 0;
+  }
+  return false;
+}
+
 // An opened and probed input, closed on every way out. Anything but a
 // regular file is refused up front: libavformat would as readily open a
 // URL, a device or a pipe.
@@ -54,8 +67,7 @@ class Input {
       return false;
     }
     for (unsigned int i = 0; i < context_->nb_streams; ++i) {
-      const AVMediaType type = context_->streams[i]->codecpar->codec_type;
-      if (type == AVMEDIA_TYPE_VIDEO || type == AVMEDIA_TYPE_AUDIO) {
+      if (usable(*context_->streams[i]->codecpar)) {
         return true;
       }
     }
@@ -137,6 +149,9 @@ void FFmpegStatsLoader::loadStats(const std::string& path, MediaFileStats* stats
     AVStream& stream = *context.streams[i];
     const AVCodecParameters& codec = *stream.codecpar;
     MediaFileStats::TrackStats track;
+    if (!usable(codec)) {
+      continue;
+    }
     if (codec.codec_type == AVMEDIA_TYPE_VIDEO) {
       track.trackRect = Rect<int>(0, 0, codec.width, codec.height);
       if (isStill(context, stream)) {
@@ -155,18 +170,14 @@ void FFmpegStatsLoader::loadStats(const std::string& path, MediaFileStats* stats
         stats->setRect(track.trackRect);
         haveRect = true;
       }
-    } else if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
+    } else {
+      const AVRational rate{codec.sample_rate, 1};
       track.type = MediaFileStats::Audio;
       track.bitDepth = bitDepthOf(codec);
       track.numChannels = codec.ch_layout.nb_channels;
-      if (codec.sample_rate > 0) {
-        const AVRational rate{codec.sample_rate, 1};
-        track.sampleRate = editRateOf(rate);
-        track.editRate = track.sampleRate;
-        track.range = Range<long long>(0, lengthIn(context, stream, rate, false));
-      }
-    } else {
-      continue;
+      track.sampleRate = editRateOf(rate);
+      track.editRate = track.sampleRate;
+      track.range = Range<long long>(0, lengthIn(context, stream, rate, false));
     }
     stats->addTrackStats(track);
   }

@@ -18,8 +18,8 @@ namespace KelMediaLib {
 /// time of change the file's.
 class FFmpegStatsLoader : public StatsLoader {
  public:
-  /// True for a regular file that libavformat opens and finds a video,
-  /// audio or picture stream in.
+  /// True for a regular file that libavformat opens and finds a video or
+  /// picture stream with a size, or an audio stream with a rate, in.
   bool canOpenFile(const std::string& path) override;
   /// Throws `KelMediaLibException` naming the path on a file that
   /// `canOpenFile` refuses, or a video stream without a frame rate.

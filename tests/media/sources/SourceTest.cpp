@@ -1,12 +1,19 @@
+#include "core/Attribute.h"
 #include "core/KelMediaLibException.h"
 #include "media/media/AMFile.h"
 #include "media/media/MediaTestSupport.h"
+#include "media/media/VMFile.h"
+#include "media/metadata/ScreenMetaData.h"
+#include "media/project/InternalProject.h"
 #include "media/sources/Clipping.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
+#include "values/Point.h"
 
+#include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
@@ -35,7 +42,8 @@ TEST(ChannelListTest, ReadsTheBracketedListAndRefusesAnythingElse) {
     AMFile::writeChannels(out, {5, 2});
     return out.str();
   }());
-  for (const std::string bad : {"", "0,1", "(0,,1)", "(a)", "(0 ,1)", "(1,)", "(-1)", "(0,1", "(99999999999)"}) {
+  for (const std::string bad :
+       {"", "0,1", "(0,,1)", "(a)", "(0 ,1)", "(1,)", "(-1)", "(0,1", "(99999999999)"}) {
     std::istringstream in(bad);
     std::set<unsigned int> channels{7};
     EXPECT_THROW(AMFile::readChannels(in, channels), KelMediaLibException) << bad;
@@ -68,14 +76,15 @@ TEST(SourceTest, SourceElementListsItsTracks) {
   std::ostringstream out;
   XMLable::Options options(out);
   source->toXML(options, 0, std::string());
-  EXPECT_EQ("<Source id=\"" + std::to_string(source->xmlIdent()) +
-                "\" src=\"clip.mov\" lastMod=\"20061231T235959\" rect=\"(0,0,640,480)\">\n"
-                "  <SourceTrack range=\"(0,300)\" type=\"0\" editRate=\"30/1\" "
-                "trackRect=\"(0,0,640,480)\" sampleRate=\"0/1\" bitDepth=\"0\" numChannels=\"0\"/>\n"
-                "  <SourceTrack range=\"(0,300)\" type=\"2\" editRate=\"30/1\" "
-                "trackRect=\"(0,0,0,0)\" sampleRate=\"48000/1\" bitDepth=\"16\" numChannels=\"2\"/>\n"
-                "</Source>\n",
-            out.str());
+  EXPECT_EQ(
+      "<Source id=\"" + std::to_string(source->xmlIdent()) +
+          "\" src=\"clip.mov\" lastMod=\"20061231T235959\" rect=\"(0,0,640,480)\">\n"
+          "  <SourceTrack range=\"(0,300)\" type=\"0\" editRate=\"30/1\" "
+          "trackRect=\"(0,0,640,480)\" sampleRate=\"0/1\" bitDepth=\"0\" numChannels=\"0\"/>\n"
+          "  <SourceTrack range=\"(0,300)\" type=\"2\" editRate=\"30/1\" "
+          "trackRect=\"(0,0,0,0)\" sampleRate=\"48000/1\" bitDepth=\"16\" numChannels=\"2\"/>\n"
+          "</Source>\n",
+      out.str());
   EXPECT_EQ(Range<long long>(0, 300), *source->trackRange(1));
   EXPECT_FALSE(source->trackRange(2));
   EXPECT_THROW(Source::create(boost::shared_ptr<MediaFileStats>()), KelMediaLibException);
@@ -83,12 +92,85 @@ TEST(SourceTest, SourceElementListsItsTracks) {
 
 TEST(ClippingTest, NamesAStretchOfASource) {
   const boost::shared_ptr<Source> source = mediatest::makeSource();
-  const boost::shared_ptr<Clipping> clipping = Clipping::create("intro", source, Range<long long>(10, 20));
+  const boost::shared_ptr<Clipping> clipping =
+      Clipping::create("intro", source, Range<long long>(10, 20));
   EXPECT_EQ("intro", clipping->name());
   EXPECT_EQ(source, clipping->source());
   EXPECT_EQ(Range<long long>(10, 20), clipping->range());
-  EXPECT_THROW(Clipping::create("x", boost::shared_ptr<Source>(), Range<long long>(0, 1)), KelMediaLibException);
+  EXPECT_THROW(Clipping::create("x", boost::shared_ptr<Source>(), Range<long long>(0, 1)),
+               KelMediaLibException);
   EXPECT_THROW(Clipping::create("x", source, Range<long long>(0, -1)), KelMediaLibException);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SourceTest, MakesOneMediaPerTrackIterableByKind) {
+  const boost::shared_ptr<InternalProject> project = InternalProject::create(EditRate(30, 1));
+  const std::string folder = ::testing::TempDir() + "recording-for-source-test";
+  boost::filesystem::create_directories(folder);
+  std::ofstream(folder + "/cursorlocation.dat") << "0.5 10 20\n";
+  const boost::shared_ptr<MediaFileStats> stats = MediaFileStats::create();
+  stats->setFilename(folder);
+  const std::pair<MediaFileStats::TrackType, std::string> tracks[] = {
+      {MediaFileStats::Video, "screen.mov"},
+      {MediaFileStats::Audio, "audiotrack0.wav"},
+      {MediaFileStats::Image, "still.png"},
+      {MediaFileStats::Video, "camera.mov"}};
+  for (const auto& t : tracks) {
+    MediaFileStats::TrackStats track;
+    track.type = t.first;
+    track.range = Range<long long>(0, 90);
+    track.numChannels = 2;
+    track.fileName = folder + "/" + t.second;
+    stats->addTrackStats(track);
+  }
+  MediaFileStats::TrackStats screen = stats->trackStats()[0];
+  screen.metaDataFiles = {folder + "/dirtyrect.dat", folder + "/cursorlocation.dat"};
+  std::vector<MediaFileStats::TrackStats> all = stats->trackStats();
+  all[0] = screen;
+  stats->setTrackStats(all);
+
+  boost::shared_ptr<Source> source = Source::create(stats, project, project);
+  const auto names = [](auto begin, auto end) {
+    std::string text;
+    for (; begin != end; ++begin) {
+      text += boost::filesystem::path(
+                  boost::dynamic_pointer_cast<const FileRepresentation>(*begin)->fileName())
+                  .filename()
+                  .string() +
+              " ";
+    }
+    return text;
+  };
+  EXPECT_EQ("screen.mov still.png camera.mov ",
+            names(source->mediaBegin<const VisualMedia>(), source->mediaEnd<const VisualMedia>()));
+  EXPECT_EQ("audiotrack0.wav ",
+            names(source->mediaBegin<const AudioMedia>(), source->mediaEnd<const AudioMedia>()));
+  EXPECT_EQ("screen.mov camera.mov ",
+            names(source->mediaBegin<const VMFile>(), source->mediaEnd<const VMFile>()));
+  EXPECT_EQ((std::set<unsigned int>{0, 1}), (*source->mediaBegin<const AMFile>())->channels());
+
+  // The screen carries the metadata files that are there; the camera none.
+  const boost::shared_ptr<const VMFile> screenMedia = *source->mediaBegin<const VMFile>();
+  const auto metaData = screenMedia->screenMetaData()->value();
+  ASSERT_TRUE(metaData);
+  EXPECT_TRUE(metaData->hasContent());
+  EXPECT_EQ(Point(10, 20, 0), metaData->cursorLocationParam()->valueAt(15));
+  EXPECT_EQ(1u, metaData->parameterFiles().size());
+  EXPECT_FALSE((*++source->mediaBegin<const VMFile>())->screenMetaData()->value());
+
+  // Source and media don't hold each other: the media go with the source.
+  const boost::weak_ptr<const Media> camera = source->media().back();
+  source.reset();
+  EXPECT_TRUE(camera.expired());
+  EXPECT_EQ(folder, screenMedia->source()->mediaFileStats()->filename());
+
+  screen.metaDataFiles = {folder + "/keystrokes.dat"};
+  stats->setTrackStats({screen});
+  EXPECT_THROW(Source::create(stats, project, project), KelMediaLibException);
+  EXPECT_THROW(Source::create(stats), KelMediaLibException);
 }
 
 }  // namespace
