@@ -59,9 +59,13 @@ class ParameterRange : public KelMediaLib::Subject,
   /// Detaches from the parameter.
   ~ParameterRange() override;
 
+  /// The owner of the parameter (a media or one of its effects).
   boost::shared_ptr<const KelMediaLib::Parametric> parametric() const { return parametric_; }
+  /// The animated parameter, observed by this range.
   boost::shared_ptr<const KelMediaLib::Parameter<double>> parameter() const { return parameter_; }
+  /// The first key frame of the stretch, shared with the parameter once in.
   boost::shared_ptr<const KeyFrameType> leftKeyframe() const { return leftKeyframe_; }
+  /// The last key frame of the stretch, shared with the parameter once in.
   boost::shared_ptr<const KeyFrameType> rightKeyframe() const { return rightKeyframe_; }
   /// The interpolater the range asks for; null if none.
   boost::shared_ptr<InterpolaterRange> interpolater() const { return interpolater_; }
