@@ -77,7 +77,8 @@ class Action : public KelMediaLib::Subject,
   /// times. `source` is the media that was cloned. Throws `OrvException` if
   /// the clone lacks a parameter of that name.
   virtual boost::shared_ptr<Action> createCloneAction(
-      const KelMediaLib::Media* source, boost::shared_ptr<const KelMediaLib::Media> clone) const = 0;
+      const KelMediaLib::Media* source,
+      boost::shared_ptr<const KelMediaLib::Media> clone) const = 0;
 };
 
 }  // namespace OrvMediaLib

@@ -73,7 +73,8 @@ ActionBin::~ActionBin() {
   }
 }
 
-void ActionBin::addAction(boost::shared_ptr<const Media> media, boost::shared_ptr<const Action> action) {
+void ActionBin::addAction(boost::shared_ptr<const Media> media,
+                          boost::shared_ptr<const Action> action) {
   if (!media || !action) {
     throw OrvException("unable to add action without a media and an action");
   }
@@ -185,7 +186,8 @@ boost::shared_ptr<ActionList> ActionBin::parametricsActions(
 boost::shared_ptr<const Action> ActionBin::actionForMediaContainingTime(
     boost::shared_ptr<const Media> media, long long time) const {
   const auto found = actions_.find(media);
-  return found == actions_.end() ? boost::shared_ptr<const Action>() : firstHolding(found->second, time);
+  return found == actions_.end() ? boost::shared_ptr<const Action>()
+                                 : firstHolding(found->second, time);
 }
 
 Range<long long> ActionBin::actionRangeForMediaContainingTime(boost::shared_ptr<const Media> media,
@@ -197,7 +199,8 @@ Range<long long> ActionBin::actionRangeForMediaContainingTime(boost::shared_ptr<
 boost::shared_ptr<const Action> ActionBin::actionForParametricContainingTime(
     boost::shared_ptr<const Parametric> parametric, long long time) const {
   const auto found = findParametric(parametric.get());
-  return found == actions_.end() ? boost::shared_ptr<const Action>() : firstHolding(found->second, time);
+  return found == actions_.end() ? boost::shared_ptr<const Action>()
+                                 : firstHolding(found->second, time);
 }
 
 void ActionBin::mediaAttach(Observer* observer, boost::shared_ptr<const Media> media) const {
@@ -223,7 +226,9 @@ void ActionBin::notifyMedia(const boost::shared_ptr<const Media>& media) const {
   }
 }
 
-void ActionBin::xmlName(Options& options) const { options.out << "ActionBin"; }
+void ActionBin::xmlName(Options& options) const {
+  options.out << "ActionBin";
+}
 
 void ActionBin::xmlBody(Options& options, int depth) const {
   const std::string indent = genIndent(depth);

@@ -65,7 +65,8 @@ class ActionBin : public KelMediaLib::KelObject,
   bool containsAction(boost::shared_ptr<const Action> action) const;
   /// A new list, the caller's, with the media's actions in order; empty if
   /// it has none. Never null.
-  boost::shared_ptr<ActionList> mediasActions(boost::shared_ptr<const KelMediaLib::Media> media) const;
+  boost::shared_ptr<ActionList> mediasActions(
+      boost::shared_ptr<const KelMediaLib::Media> media) const;
   /// The same for a media known by address.
   boost::shared_ptr<ActionList> mediasActions(const KelMediaLib::Media* media) const;
   /// The actions of `parametric` if it is a media with actions here, else

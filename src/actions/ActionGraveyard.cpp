@@ -24,12 +24,16 @@ ActionGraveyard::ActionGraveyard() = default;
 
 ActionGraveyard::~ActionGraveyard() = default;
 
-unsigned int ActionGraveyard::numMedias() const { return static_cast<unsigned int>(zombies_.size()); }
+unsigned int ActionGraveyard::numMedias() const {
+  return static_cast<unsigned int>(zombies_.size());
+}
 
-void ActionGraveyard::addAction(boost::shared_ptr<const ActionBin> bin, boost::shared_ptr<const Media> media,
+void ActionGraveyard::addAction(boost::shared_ptr<const ActionBin> bin,
+                                boost::shared_ptr<const Media> media,
                                 boost::shared_ptr<const Action> action) {
-  const auto found = std::find_if(zombies_.begin(), zombies_.end(),
-                                  [&media](const Entry& entry) { return isFor(entry, media.get()); });
+  const auto found = std::find_if(zombies_.begin(), zombies_.end(), [&media](const Entry& entry) {
+    return isFor(entry, media.get());
+  });
   if (found != zombies_.end()) {
     found->second.emplace_back(bin, action);
   } else {
@@ -37,13 +41,16 @@ void ActionGraveyard::addAction(boost::shared_ptr<const ActionBin> bin, boost::s
   }
 }
 
-ActionGraveyard::ZombieList ActionGraveyard::mediasZombies(boost::shared_ptr<const Media> media) const {
-  const auto found = std::find_if(zombies_.begin(), zombies_.end(),
-                                  [&media](const Entry& entry) { return isFor(entry, media.get()); });
+ActionGraveyard::ZombieList ActionGraveyard::mediasZombies(
+    boost::shared_ptr<const Media> media) const {
+  const auto found = std::find_if(zombies_.begin(), zombies_.end(), [&media](const Entry& entry) {
+    return isFor(entry, media.get());
+  });
   return found == zombies_.end() ? ZombieList() : found->second;
 }
 
-void ActionGraveyard::cloneMediasZombies(const Media* source, boost::shared_ptr<const Media> clone) {
+void ActionGraveyard::cloneMediasZombies(const Media* source,
+                                         boost::shared_ptr<const Media> clone) {
   boost::shared_ptr<const Media> sourceMedia;
   for (const auto& entry : zombies_) {
     if (isFor(entry, source)) {

@@ -39,7 +39,8 @@ class ActionGraveyard {
   unsigned int numMedias() const;
   /// Appends (bin, action) to the media's entry, making the entry if there is
   /// none. The same action may arrive twice.
-  void addAction(boost::shared_ptr<const ActionBin> bin, boost::shared_ptr<const KelMediaLib::Media> media,
+  void addAction(boost::shared_ptr<const ActionBin> bin,
+                 boost::shared_ptr<const KelMediaLib::Media> media,
                  boost::shared_ptr<const Action> action);
   /// A copy of the media's zombies; empty if it has no entry.
   ZombieList mediasZombies(boost::shared_ptr<const KelMediaLib::Media> media) const;

@@ -35,9 +35,12 @@ boost::shared_ptr<const Parameter<double>> findClonedParameter(const Media& clon
 
 }  // namespace
 
-void ActionImpl::ParameterRangeObserverRelay::observerUpdate() { action_->parameterRangeUpdate(); }
+void ActionImpl::ParameterRangeObserverRelay::observerUpdate() {
+  action_->parameterRangeUpdate();
+}
 
-ActionImpl::ActionImpl(boost::shared_ptr<const Parametric> parametric, const Range<long long>& timeRange)
+ActionImpl::ActionImpl(boost::shared_ptr<const Parametric> parametric,
+                       const Range<long long>& timeRange)
     : parametric_(parametric),
       observerRelay_(new ParameterRangeObserverRelay(this)),
       timeRange_(timeRange) {
@@ -79,7 +82,9 @@ boost::shared_ptr<ParameterRangeList> ActionImpl::parameterRanges() const {
   return boost::make_shared<ParameterRangeList>(parameterRanges_);
 }
 
-boost::shared_ptr<const Parametric> ActionImpl::parametric() const { return parametric_; }
+boost::shared_ptr<const Parametric> ActionImpl::parametric() const {
+  return parametric_;
+}
 
 void ActionImpl::setParametric(boost::shared_ptr<const Parametric> parametric) {
   if (!parametric) {
@@ -91,8 +96,9 @@ void ActionImpl::setParametric(boost::shared_ptr<const Parametric> parametric) {
     // a range that outlives this action, or the range would call into a
     // dead action.
     range->detach(observerRelay_.get());
-    range = boost::make_shared<ParameterRange>(parametric_, range->parameter(), range->leftKeyframe(),
-                                               range->rightKeyframe(), range->modifier());
+    range =
+        boost::make_shared<ParameterRange>(parametric_, range->parameter(), range->leftKeyframe(),
+                                           range->rightKeyframe(), range->modifier());
   }
 }
 
@@ -138,17 +144,21 @@ bool ActionImpl::hasParameterRangeForParameterAndTimeRange(
   return false;
 }
 
-void ActionImpl::parameterRangeUpdate() { notify(); }
+void ActionImpl::parameterRangeUpdate() {
+  notify();
+}
 
-int ActionImpl::numParameterRanges() const { return static_cast<int>(parameterRanges_.size()); }
+int ActionImpl::numParameterRanges() const {
+  return static_cast<int>(parameterRanges_.size());
+}
 
 void ActionImpl::setTimeRange(const Range<long long>& timeRange) {
   timeRange_ = timeRange;
   notify();
 }
 
-boost::shared_ptr<Action> ActionImpl::createCloneAction(const Media* /*source*/,
-                                                        boost::shared_ptr<const Media> clone) const {
+boost::shared_ptr<Action> ActionImpl::createCloneAction(
+    const Media* /*source*/, boost::shared_ptr<const Media> clone) const {
   if (!clone) {
     throw OrvException("unable to clone an action onto a null media");
   }
@@ -163,7 +173,8 @@ boost::shared_ptr<Action> ActionImpl::createCloneAction(const Media* /*source*/,
         continue;
       }
       copy->removeParameterRange(*target);
-      const boost::shared_ptr<const Parameter<double>> parameter = findClonedParameter(*clone, name);
+      const boost::shared_ptr<const Parameter<double>> parameter =
+          findClonedParameter(*clone, name);
       if (!parameter) {
         throw OrvException("unable to find cloned actions parameter");
       }

@@ -13,8 +13,12 @@ CenterAction::CenterAction(boost::shared_ptr<const KelMediaLib::Parametric> para
 
 CenterAction::CenterAction(const CenterAction& other) : ActionImpl(other) {}
 
-CenterAction* CenterAction::clone() const { return new CenterAction(*this); }
+CenterAction* CenterAction::clone() const {
+  return new CenterAction(*this);
+}
 
-void CenterAction::xmlName(Options& options) const { options.out << "CenterAction"; }
+void CenterAction::xmlName(Options& options) const {
+  options.out << "CenterAction";
+}
 
 }  // namespace OrvMediaLib

@@ -25,7 +25,8 @@ namespace OrvMediaLib {
 class CollisionEnforcer {
  public:
   /// How the current actions of a media are read.
-  typedef boost::function<boost::shared_ptr<ActionList>(boost::shared_ptr<const KelMediaLib::Media>)>
+  typedef boost::function<boost::shared_ptr<ActionList>(
+      boost::shared_ptr<const KelMediaLib::Media>)>
       MediasActionsFunction;
 
   /// A new enforcer watching nothing; the caller owns it.

@@ -69,8 +69,12 @@ void EdgeAction::addParameterRange(const ParameterRange& range) {
 // Edge actions don't follow their media's edges; subclasses may.
 void EdgeAction::mediaUpdate() {}
 
-EdgeAction* EdgeAction::clone() const { return new EdgeAction(*this); }
+EdgeAction* EdgeAction::clone() const {
+  return new EdgeAction(*this);
+}
 
-void EdgeAction::xmlName(Options& options) const { options.out << "EdgeAction"; }
+void EdgeAction::xmlName(Options& options) const {
+  options.out << "EdgeAction";
+}
 
 }  // namespace OrvMediaLib

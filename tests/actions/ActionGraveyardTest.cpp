@@ -1,6 +1,5 @@
 #include "actions/ActionBin.h"
 #include "actions/ActionGraveyard.h"
-#include "actions/OrvException.h"
 #include "media/effects/GenericEffect.h"
 
 #include "actions/ActionTestSupport.h"
@@ -10,43 +9,43 @@
 namespace {
 
 using namespace actiontest;
-using KelMediaLib::Media;
-using KelMediaLib::Range;
-using OrvMediaLib::ActionBin;
-using OrvMediaLib::ActionGraveyard;
-using OrvMediaLib::CenterAction;
+using namespace KelMediaLib;
+using namespace OrvMediaLib;
 
-TEST(ActionGraveyardTest, KeepsOneEntryPerMediaInOrderOfArrival) {
+TEST(ActionGraveyardTest, KeepsOneEntryPerMediaAndClonesZombiesUntilOneFails) {
   Model model;
   ActionGraveyard graveyard;
   const auto bin = ActionBin::create();
-  const auto a = model.media();
-  const auto b = model.media();
-  const auto c = model.media();
-  const auto first = boost::make_shared<CenterAction>(a);
-  const auto second = boost::make_shared<CenterAction>(a);
-  graveyard.addAction(bin, a, first);
-  graveyard.addAction(bin, b, first);
-  graveyard.addAction(bin, a, second);
-  graveyard.addAction(bin, c, second);
+  const auto source = model.media();
+  const auto other = model.media();
+  source->insertEffect(GenericEffect::create("Blur", model.lock), -1);
+  const auto first = makeAction(source, "opacity", 100, 200);
+  const auto second = makeAction(source->effectAt(0), "radius", 100, 200);
+  graveyard.addAction(bin, source, first);
+  graveyard.addAction(bin, other, first);
+  graveyard.addAction(bin, source, second);
   EXPECT_TRUE(graveyard.mediasZombies(model.media()).empty());
-  EXPECT_EQ(3u, graveyard.numMedias());
+  EXPECT_EQ(2u, graveyard.numMedias());
+  EXPECT_EQ((ActionGraveyard::ZombieList{{bin, first}, {bin, second}}),
+            graveyard.mediasZombies(source));
 
-  const ActionGraveyard::ZombieList zombies = graveyard.mediasZombies(a);
-  ASSERT_EQ(2u, zombies.size());
-  EXPECT_EQ(first, zombies.front().second);
-  EXPECT_EQ(second, zombies.back().second);
-  EXPECT_EQ(bin, zombies.front().first);
+  const boost::shared_ptr<Media> clone = source->cloneMedia();
+  clone->removeEffect(0);
+  EXPECT_EQ("unable to find cloned actions parameter",
+            failure([&] { graveyard.cloneMediasZombies(source.get(), clone); }));
+  ASSERT_EQ(1u, graveyard.mediasZombies(clone).size());
+  EXPECT_EQ(parameterOf(*clone, "opacity"),
+            graveyard.mediasZombies(clone).front().second->parameterRanges()->front()->parameter());
+  EXPECT_EQ(2u, graveyard.mediasZombies(source).size());
 
-  graveyard.remove(b);
+  graveyard.remove(other);
   graveyard.remove(model.media());
   EXPECT_EQ(2u, graveyard.numMedias());
-  EXPECT_EQ(2u, graveyard.mediasZombies(a).size());
-  EXPECT_EQ(1u, graveyard.mediasZombies(c).size());
+  EXPECT_EQ(2u, graveyard.mediasZombies(source).size());
 }
 
-// The zombies' ranges lie on `owner`; their entry is made under `gone`,
-// which then ends, so only a null media reaches them.
+// The zombie's ranges lie on `owner`; its entry is made under `gone`, which
+// then ends, so that only a null media reaches it.
 TEST(ActionGraveyardTest, EntriesOfMediaThatWentStayAndMatchANullMedia) {
   Model model;
   ActionGraveyard graveyard;
@@ -64,36 +63,10 @@ TEST(ActionGraveyardTest, EntriesOfMediaThatWentStayAndMatchANullMedia) {
   gone.reset();
   graveyard.addAction(bin, boost::shared_ptr<const Media>(), zombie);
   EXPECT_EQ(2u, graveyard.numMedias());
-  EXPECT_EQ(2u, graveyard.mediasZombies(boost::shared_ptr<const Media>()).size());
-
   graveyard.cloneMediasZombies(owner.get(), clone);
   EXPECT_EQ(3u, graveyard.numMedias());
-  const ActionGraveyard::ZombieList clones = graveyard.mediasZombies(clone);
-  ASSERT_EQ(2u, clones.size());
-  EXPECT_EQ(bin, clones.front().first);
-  EXPECT_EQ(parameterOf(*clone, "opacity"), clones.front().second->parameterRanges()->front()->parameter());
+  EXPECT_EQ(2u, graveyard.mediasZombies(clone).size());
   EXPECT_EQ(2u, graveyard.mediasZombies(boost::shared_ptr<const Media>()).size());
-}
-
-TEST(ActionGraveyardTest, ACloneThatFailsKeepsTheZombiesClonedBeforeIt) {
-  Model model;
-  ActionGraveyard graveyard;
-  const auto bin = ActionBin::create();
-  const auto source = model.media();
-  source->insertEffect(KelMediaLib::GenericEffect::create("Blur", model.lock), -1);
-  graveyard.addAction(bin, source, makeAction(source, "opacity", 100, 200));
-  graveyard.addAction(bin, source, makeAction(source->effectAt(0), "radius", 100, 200));
-  const boost::shared_ptr<Media> clone = source->cloneMedia();
-  clone->removeEffect(0);
-
-  try {
-    graveyard.cloneMediasZombies(source.get(), clone);
-    ADD_FAILURE() << "no exception";
-  } catch (const OrvMediaLib::OrvException& e) {
-    EXPECT_STREQ("unable to find cloned actions parameter", e.what());
-  }
-  EXPECT_EQ(1u, graveyard.mediasZombies(clone).size());
-  EXPECT_EQ(2u, graveyard.mediasZombies(source).size());
 }
 
 }  // namespace
