@@ -1,0 +1,7 @@
+#include "commands/OrvCommand.h"
+
+namespace OrvMediaLib {
+
+OrvCommand::~OrvCommand() = default;
+
+}  // namespace OrvMediaLib

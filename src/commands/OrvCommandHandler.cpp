@@ -1,0 +1,7 @@
+#include "commands/OrvCommandHandler.h"
+
+namespace OrvMediaLib {
+
+OrvCommandHandler::~OrvCommandHandler() = default;
+
+}  // namespace OrvMediaLib
