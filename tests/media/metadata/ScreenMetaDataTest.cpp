@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <functional>
 #include <sstream>
 #include <string>
 
@@ -102,15 +101,12 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
       {&ScreenMetaData::setFrontWindowFile, "0 1 2 3 4\nx 1 2 3 4\n", 2},
       {&ScreenMetaData::setFrontWindowFile, "-1 0 0 1 1\n", 1},
       {&ScreenMetaData::setFrontWindowFile, "# c\n\n0 nan 0 1 1\n", 3},
-      {&ScreenMetaData::setFrontWindowFile, "0 0 0 1 1e39\n", 1},
       {&ScreenMetaData::setCursorLocationFile, "0 1 2\n1 2\n", 2},
-      {&ScreenMetaData::setCursorLocationFile, "0 1 2 3\n", 1},
       {&ScreenMetaData::setCursorLocationFile, "0 1,5 2\n", 1},
       {&ScreenMetaData::setCursorActionFile, "0 1.5\n", 1},
       {&ScreenMetaData::setCursorActionFile, "0 1\n1 -2\n", 2},
       {&ScreenMetaData::setDirtyRectsFile, "0 2 0 0 1 1\n", 1},
       {&ScreenMetaData::setDirtyRectsFile, "0 1 0 0 1 1\n1 0\n2 1 a 0 1 1\n", 3},
-      {&ScreenMetaData::setDirtyRectsFile, "0\n", 1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
