@@ -10,8 +10,10 @@ namespace KelMediaLib {
 
 class Source;
 
-/// Loads a file into the project's source bin; undo unloads the source, redo
-/// puts the same source back.
+/// Loads a file into the project's source bin through the handler's
+/// `loadSource`, which asks the registered stats loaders; undo unloads the
+/// source, redo puts the same source back. A file that no loader opens is a
+/// `KelMediaLibException` naming the path, and nothing changes.
 class LoadSourceCmd : public NamedCommand {
  public:
   static boost::shared_ptr<LoadSourceCmd> create(const std::string& fileName);
