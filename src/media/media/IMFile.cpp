@@ -50,10 +50,13 @@ void IMFile::xmlName(Options& options) const { options.out << "IMFile"; }
 void IMFile::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
   writeTimeAttributes(options);
-  writeStretchAttributes(options, mediaTimeRange().start - trimStartSum());
+  // A reader makes the image at "mediaStart" and replays the trim sum, which
+  // moves the start of the stretch by that sum.
+  const long long trimSum = replayableTrimStartSum();
+  writeStretchAttributes(options, mediaTimeRange().start - trimSum);
   writeXMLAttribute(out, "trackNumber", trackIndex());
   writeXMLAttribute(out, "src", source()->xmlIdent());
-  writeXMLAttribute(out, "trimStartSum", trimStartSum());
+  writeXMLAttribute(out, "trimStartSum", trimSum);
 }
 
 void IMFile::xmlBody(Options& options, int depth) const {

@@ -55,6 +55,10 @@ void ImageTransition::xmlName(Options& options) const { options.out << "ImageTra
 
 void ImageTransition::xmlAttributes(Options& options) const { writeTimeAttributes(options); }
 
+// A reader skips the parameters of an image transition, so an edge
+// modification can't name one of them.
+bool ImageTransition::xmlDeclaresParameters() const { return false; }
+
 void ImageTransition::xmlBody(Options& options, int depth) const {
   writeParameters(options, depth, visualParameters());
   writeAttributes(options, depth, {ident().get()});

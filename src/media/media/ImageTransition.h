@@ -29,6 +29,7 @@ class ImageTransition : public VisualMedia {
   void xmlBody(Options& options, int depth) const override;
 
  protected:
+  bool xmlDeclaresParameters() const override;
   Media* copyKind() const override;
 
  private:

@@ -6,6 +6,10 @@
 #include "media/edges/EdgeModFunc.h"
 #include "media/edges/EdgeModification.h"
 #include "media/effects/Effect.h"
+#include "media/effects/GenericEffect.h"
+#include "media/media/AudioTransition.h"
+#include "media/timeline/Mixer.h"
+#include "media/timeline/Track.h"
 #include "values/Parameter.h"
 #include "values/ParameterInterface.h"
 
@@ -307,33 +311,48 @@ void Media::writeStretchAttributes(Options& options, long long mediaStart) const
   writeXMLAttribute(options.out, "mediaDuration", mediaDuration_);
 }
 
+long long Media::replayableTrimStartSum() const {
+  return std::max(trimStartSum_, -range_.duration);
+}
+
 void Media::writeLinks(Options& options, int depth) const {
-  std::vector<unsigned int> idents;
-  for (const boost::weak_ptr<const Media>& link : links_) {
-    if (const boost::shared_ptr<const Media> other = link.lock()) {
-      idents.push_back(other->xmlIdent());
-    }
-  }
-  if (idents.empty()) {
-    return;
-  }
+  bool open = false;
   std::ostream& out = options.out;
-  out << genIndent(depth) << "<LinkedMedia>\n";
-  for (unsigned int ident : idents) {
-    out << genIndent(depth + 1) << "<MediaLink link=\"" << ident << "\"/>\n";
+  for (const boost::weak_ptr<const Media>& link : links_) {
+    const boost::shared_ptr<const Media> other = link.lock();
+    // An audio transition has no element, so nothing could be linked to it.
+    if (!other || dynamic_cast<const AudioTransition*>(other.get())) {
+      continue;
+    }
+    if (!open) {
+      out << genIndent(depth) << "<LinkedMedia>\n";
+      open = true;
+    }
+    out << genIndent(depth + 1) << "<MediaLink link=\"";
+    writeXMLValue(out, other->xmlIdent());
+    out << "\"/>\n";
   }
-  out << genIndent(depth) << "</LinkedMedia>\n";
+  if (open) {
+    out << genIndent(depth) << "</LinkedMedia>\n";
+  }
 }
 
 void Media::writeEffects(Options& options, int depth) const {
-  if (numEffects() == 0) {
-    return;
-  }
-  options.out << genIndent(depth) << "<Effects>\n";
+  bool open = false;
   for (int i = 0; i < numEffects(); ++i) {
-    effectAt(i)->toXML(options, depth + 1, std::string());
+    const boost::shared_ptr<const Effect> effect = effectAt(i);
+    if (!dynamic_cast<const GenericEffect*>(effect.get())) {
+      continue;
+    }
+    if (!open) {
+      options.out << genIndent(depth) << "<Effects>\n";
+      open = true;
+    }
+    effect->toXML(options, depth + 1, std::string());
   }
-  options.out << genIndent(depth) << "</Effects>\n";
+  if (open) {
+    options.out << genIndent(depth) << "</Effects>\n";
+  }
 }
 
 void Media::writeEdges(Options& options, int depth) const {
@@ -347,13 +366,35 @@ void Media::writeEdges(Options& options, int depth) const {
     writeXMLAttribute(out, "length", length);
     out << ">\n";
     for (const boost::shared_ptr<const EdgeModification>& modification : list) {
-      modification->toXML(options, depth + 1, std::string());
+      if (xmlKnowsParameter(modification->parameter().get())) {
+        modification->toXML(options, depth + 1, std::string());
+      }
     }
     out << genIndent(depth) << "</" << name << ">\n";
   };
   writeEdge("LeftEdgeMods", leftEdgeLength(), leftEdgeModifications());
   writeEdge("RightEdgeMods", rightEdgeLength(), rightEdgeModifications());
 }
+
+bool Media::xmlKnowsParameter(const Parameter<double>* parameter) const {
+  if (!parameter) {
+    return false;
+  }
+  const auto owns = [parameter](const Parametric* owner) {
+    return owner && owner->parameterNamed(parameter->name()).get() == parameter;
+  };
+  if (xmlDeclaresParameters() && owns(this)) {
+    return true;
+  }
+  const boost::shared_ptr<const Track> track = parent();
+  if (!track) {
+    return false;
+  }
+  const boost::shared_ptr<const Mixer> mixer = track->parent().lock();
+  return owns(track.get()) || owns(dynamic_cast<const Parametric*>(mixer.get()));
+}
+
+bool Media::xmlDeclaresParameters() const { return true; }
 
 void Media::writeParameters(Options& options, int depth,
                             const std::vector<const XMLable*>& parameters) {

@@ -23,6 +23,8 @@ namespace KelMediaLib {
 template <class T>
 class Attribute;
 class ConstMediaDispatcher;
+template <class T>
+class Parameter;
 class ThreadSafe;
 class Track;
 
@@ -158,9 +160,26 @@ class Media : public KelObject,
   void writeTimeAttributes(Options& options) const;
   /// ` scalar mediaStart mediaDuration`, with `mediaStart` as given.
   void writeStretchAttributes(Options& options, long long mediaStart) const;
+  /// The trim sum that a reader replays on a new still of this duration: an
+  /// end trim by its negation, then a start trim by it. A sum below minus the
+  /// duration would make the first trim refuse, and is written as that bound.
+  long long replayableTrimStartSum() const;
+  /// `<LinkedMedia>` with the linked media that a file holds.
   void writeLinks(Options& options, int depth) const;
+  /// `<Effects>` with the generic effects, the only kind a file holds.
   void writeEffects(Options& options, int depth) const;
+  /// `<LeftEdgeMods>` and `<RightEdgeMods>` with the modifications whose
+  /// parameter a reader knows when it reads them (see `xmlKnowsParameter`).
   void writeEdges(Options& options, int depth) const;
+  /// Whether a reader of this media's element has met `parameter` by the
+  /// time it reads the edges: a parameter of this media that its element
+  /// declares, or one of its track or of that track's mixer, which stand
+  /// ahead of the media. Null is known to nobody.
+  bool xmlKnowsParameter(const Parameter<double>* parameter) const;
+  /// Whether the element declares this media's parameters of double type to
+  /// a reader, in its parameters and transformer. True for all but the
+  /// kinds whose parameters a reader passes over.
+  virtual bool xmlDeclaresParameters() const;
   /// `<Parameters>` with each of `parameters`, skipped when it is empty.
   static void writeParameters(Options& options, int depth,
                               const std::vector<const XMLable*>& parameters);

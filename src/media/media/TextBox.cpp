@@ -55,7 +55,7 @@ void TextBox::xmlAttributes(Options& options) const {
   writeTimeAttributes(options);
   writeXMLAttribute(out, "width", width_);
   writeXMLAttribute(out, "height", height_);
-  writeXMLAttribute(out, "trimStartSum", trimStartSum());
+  writeXMLAttribute(out, "trimStartSum", replayableTrimStartSum());
 }
 
 void TextBox::xmlBody(Options& options, int depth) const {

@@ -4,6 +4,7 @@
 #include "core/XMLText.h"
 #include "media/media/ConstMediaDispatcher.h"
 #include "media/media/Transformer.h"
+#include "media/metadata/ScreenMetaData.h"
 #include "media/sources/Source.h"
 
 #include <boost/pointer_cast.hpp>
@@ -63,6 +64,9 @@ void VMFile::xmlAttributes(Options& options) const {
 void VMFile::xmlBody(Options& options, int depth) const {
   writeParameters(options, depth, visualParameters());
   writeAttributes(options, depth, {ident().get()});
+  if (const boost::shared_ptr<const ScreenMetaData> metaData = screenMetaData_->value()) {
+    metaData->toXML(options, depth, std::string());
+  }
   transformer()->toXML(options, depth, std::string());
   writeLinks(options, depth);
   writeEffects(options, depth);

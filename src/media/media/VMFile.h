@@ -23,8 +23,8 @@ void writeXMLValue(std::ostream& out, const boost::shared_ptr<const ScreenMetaDa
 /// Its size is the track's rectangle (else the source's).
 ///
 /// Written as `<VMFile id start duration scalar mediaStart mediaDuration
-/// trackNumber src>` with parameters, attributes, transformer, links,
-/// effects and edges.
+/// trackNumber src>` with parameters, attributes, screen metadata (once
+/// set), transformer, links, effects and edges.
 class VMFile : public VisualMedia, public FileRepresentation {
  public:
   /// Shows `mediaRange` of track `trackIndex` of `source`; at 0 on no track,

@@ -223,8 +223,14 @@ void InternalProject::xmlName(Options& options) const {
 }
 
 void InternalProject::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << "\" editRate=\"" << editRate_.numerator() << '/'
-              << editRate_.denominator() << "\" version=\"1.0\"";
+  std::ostream& out = options.out;
+  out << "id=\"";
+  writeXMLValue(out, xmlIdent());
+  out << "\" editRate=\"";
+  writeXMLValue(out, editRate_.numerator());
+  out << '/';
+  writeXMLValue(out, editRate_.denominator());
+  out << "\" version=\"1.0\"";
 }
 
 void InternalProject::xmlBody(Options& options, int depth) const {

@@ -42,10 +42,11 @@ void AudioTrack::xmlAttributes(Options& options) const {
 }
 
 void AudioTrack::xmlBody(Options& options, int depth) const {
-  writeAttributesAndMedias(options, depth);
+  writeAttributes(options, depth);
   options.out << genIndent(depth) << "<Parameters>\n";
   position_->toXML(options, depth + 1, std::string());
   options.out << genIndent(depth) << "</Parameters>\n";
+  writeMedias(options, depth);
 }
 
 }  // namespace KelMediaLib

@@ -14,7 +14,7 @@ class AudioMedia;
 /// A track of sound, placed by its "position" parameter (pan and depth,
 /// centre front at rest). Takes audio media only.
 ///
-/// Written as `<AudioTrack id>` with attributes, media and parameters.
+/// Written as `<AudioTrack id>` with attributes, parameters and media.
 class AudioTrack : public Track {
  public:
   struct AsAudio {

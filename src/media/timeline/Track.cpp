@@ -2,6 +2,7 @@
 
 #include "core/Attribute.h"
 #include "core/KelMediaLibException.h"
+#include "media/media/AudioTransition.h"
 #include "media/media/Media.h"
 
 #include <algorithm>
@@ -67,19 +68,28 @@ void Track::resort() {
   notify();
 }
 
-void Track::writeAttributesAndMedias(Options& options, int depth) const {
+void Track::writeAttributes(Options& options, int depth) const {
   std::ostream& out = options.out;
   out << genIndent(depth) << "<Attributes>\n";
   ident_->toXML(options, depth + 1, std::string());
   out << genIndent(depth) << "</Attributes>\n";
-  if (medias_.empty()) {
-    return;
-  }
-  out << genIndent(depth) << "<Medias>\n";
+}
+
+void Track::writeMedias(Options& options, int depth) const {
+  bool open = false;
   for (const boost::shared_ptr<Media>& media : medias_) {
+    if (dynamic_cast<const AudioTransition*>(media.get())) {
+      continue;
+    }
+    if (!open) {
+      options.out << genIndent(depth) << "<Medias>\n";
+      open = true;
+    }
     media->toXML(options, depth + 1, std::string());
   }
-  out << genIndent(depth) << "</Medias>\n";
+  if (open) {
+    options.out << genIndent(depth) << "</Medias>\n";
+  }
 }
 
 }  // namespace KelMediaLib

@@ -59,8 +59,11 @@ class Track : public KelObject,
  protected:
   explicit Track(boost::weak_ptr<const ThreadSafe> project);
 
-  /// `<Attributes>` with the ident, then `<Medias>` with each media.
-  void writeAttributesAndMedias(Options& options, int depth) const;
+  /// `<Attributes>` with the ident.
+  void writeAttributes(Options& options, int depth) const;
+  /// `<Medias>` with each media that a file holds, in start order; an audio
+  /// transition has no element and is left out.
+  void writeMedias(Options& options, int depth) const;
 
   typedef std::vector<boost::shared_ptr<Media>> MediaList;
   const MediaList& mediaList() const { return medias_; }

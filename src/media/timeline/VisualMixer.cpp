@@ -63,7 +63,6 @@ void VisualMixer::xmlBody(Options& options, int depth) const {
   width_->toXML(options, depth + 1, std::string());
   height_->toXML(options, depth + 1, std::string());
   out << genIndent(depth) << "</Attributes>\n";
-  writeTracks(options, depth);
   out << genIndent(depth) << "<Parameters>\n";
   for (const XMLable* parameter : std::vector<const XMLable*>{
            eyePosition_.get(), eyeLookAt_.get(), eyeUp_.get(), fov_.get(), near_.get(),
@@ -72,6 +71,9 @@ void VisualMixer::xmlBody(Options& options, int depth) const {
   }
   out << genIndent(depth) << "</Parameters>\n";
   transformer_->toXML(options, depth, std::string());
+  // The tracks come last: edge modifications of their media may name the
+  // mixer's parameters, which a reader must have met before.
+  writeTracks(options, depth);
 }
 
 }  // namespace KelMediaLib

@@ -24,8 +24,8 @@ class VectorParam;
 /// - "fov" 45 degrees (vertical), "nearClipDistance" 1,
 ///   "farClipDistance" 10000.
 ///
-/// Written as `<VisualMixer id>` with attributes, tracks, parameters and
-/// transformer.
+/// Written as `<VisualMixer id>` with attributes, parameters, transformer
+/// and tracks.
 class VisualMixer : public Mixer, public Parametric {
  public:
   /// Throws `KelMediaLibException` on a negative or non-finite size.

@@ -47,8 +47,11 @@ void VisualTrack::xmlAttributes(Options& options) const {
 }
 
 void VisualTrack::xmlBody(Options& options, int depth) const {
-  writeAttributesAndMedias(options, depth);
+  // The transformer stands ahead of the media, whose edge modifications may
+  // name its members.
+  writeAttributes(options, depth);
   transformer_->toXML(options, depth, std::string());
+  writeMedias(options, depth);
 }
 
 }  // namespace KelMediaLib

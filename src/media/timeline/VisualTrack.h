@@ -14,7 +14,7 @@ class VisualMedia;
 /// ("translation0".."shear2") that places all its media. Takes visual media
 /// of every kind.
 ///
-/// Written as `<VisualTrack id>` with attributes, media and transformer.
+/// Written as `<VisualTrack id>` with attributes, transformer and media.
 class VisualTrack : public Track {
  public:
   struct AsVisual {
