@@ -26,7 +26,6 @@
 
 #include <boost/pointer_cast.hpp>
 
-#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -36,8 +35,8 @@ namespace testSupport {
 namespace {
 
 // The timeline every case starts from: an animated clip with two effects,
-// edge modifications on both sides and a linked sound; a second clip; an
-// image.
+// edge modifications on both sides, linked to a sound and then to an image;
+// a second clip.
 class CommandTest : public TimelineFixture {
  public:
   void SetUp() override {
@@ -53,6 +52,7 @@ class CommandTest : public TimelineFixture {
     picture = add(images, image(90), 40);
     voice = add(audio, sound(100, 300), 500);
     run(LinkCmd::create(first, voice));
+    run(LinkCmd::create(picture, first));
   }
 
   boost::shared_ptr<VMFile> first;
@@ -70,11 +70,7 @@ struct Case {
   MakeCommand make;
 };
 
-std::string temporaryFile() {
-  const std::string path = ::testing::TempDir() + "source-for-load-test.png";
-  std::ofstream(path) << "picture";
-  return path;
-}
+std::string stillPicture() { return ORV_TEST_DATA_DIR "/still.png"; }
 
 const std::vector<Case>& commandCases() {
   static const std::vector<Case> cases = {
@@ -122,7 +118,7 @@ const std::vector<Case>& commandCases() {
        [](CommandTest& t) {
          return MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 230);
        }},
-      {"LoadSource", [](CommandTest&) { return LoadSourceCmd::create(temporaryFile()); }},
+      {"LoadSource", [](CommandTest&) { return LoadSourceCmd::create(stillPicture()); }},
       {"UnloadSource", [](CommandTest& t) { return UnloadSourceCmd::create(t.source); }},
       {"AddLeftEdgeMod",
        [](CommandTest& t) {
