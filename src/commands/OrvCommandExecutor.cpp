@@ -15,14 +15,17 @@ boost::shared_ptr<OrvCommandExecutor> OrvCommandExecutor::create(
   return boost::shared_ptr<OrvCommandExecutor>(new OrvCommandExecutor(command));
 }
 
-OrvCommandExecutor::OrvCommandExecutor(boost::shared_ptr<OrvCommand> command)
-    : command_(command) {}
+OrvCommandExecutor::OrvCommandExecutor(boost::shared_ptr<OrvCommand> command) : command_(command) {}
 
 OrvCommandExecutor::~OrvCommandExecutor() = default;
 
-std::string OrvCommandExecutor::description() const { return std::string(); }
+std::string OrvCommandExecutor::description() const {
+  return std::string();
+}
 
-OrvCommandExecutor* OrvCommandExecutor::clone() const { return nullptr; }
+OrvCommandExecutor* OrvCommandExecutor::clone() const {
+  return nullptr;
+}
 
 // An action command has no way to report "nothing done": it either returns
 // or throws, so a return is always a success worth recording.
@@ -41,6 +44,8 @@ bool OrvCommandExecutor::reexecute(KelMediaLib::CommandHandler* handler) {
   return true;
 }
 
-void OrvCommandExecutor::xmlName(Options& options) const { options.out << "OrvCommandExecutor"; }
+void OrvCommandExecutor::xmlName(Options& options) const {
+  options.out << "OrvCommandExecutor";
+}
 
 }  // namespace OrvMediaLib

@@ -6,8 +6,12 @@ OrvCommandImpl::OrvCommandImpl() : handler_(nullptr) {}
 
 OrvCommandImpl::~OrvCommandImpl() = default;
 
-void OrvCommandImpl::setOrvCommandHandler(OrvCommandHandler* handler) { handler_ = handler; }
+void OrvCommandImpl::setOrvCommandHandler(OrvCommandHandler* handler) {
+  handler_ = handler;
+}
 
-OrvCommandHandler* OrvCommandImpl::orvCommandHandler() const { return handler_; }
+OrvCommandHandler* OrvCommandImpl::orvCommandHandler() const {
+  return handler_;
+}
 
 }  // namespace OrvMediaLib

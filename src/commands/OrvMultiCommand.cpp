@@ -42,7 +42,9 @@ OrvMultiCommand::OrvMultiCommand(const OrvMultiCommand& other)
 
 OrvMultiCommand::~OrvMultiCommand() = default;
 
-void OrvMultiCommand::execute(KelMediaLib::CommandHandler* handler) { relay_->execute(handler); }
+void OrvMultiCommand::execute(KelMediaLib::CommandHandler* handler) {
+  relay_->execute(handler);
+}
 
 void OrvMultiCommand::unexecute(KelMediaLib::CommandHandler* handler) {
   relay_->unexecute(handler);
@@ -64,6 +66,8 @@ bool OrvMultiCommand::execute(boost::shared_ptr<KelMediaLib::Command> command) {
   return relay_->execute(command);
 }
 
-unsigned int OrvMultiCommand::numUndoCommands() const { return relay_->numUndoCommands(); }
+unsigned int OrvMultiCommand::numUndoCommands() const {
+  return relay_->numUndoCommands();
+}
 
 }  // namespace OrvMediaLib

@@ -24,10 +24,16 @@ UndoCmd::UndoCmd(boost::shared_ptr<KelMediaLib::Command> command) : command_(com
 
 UndoCmd::~UndoCmd() = default;
 
-void UndoCmd::execute(KelMediaLib::CommandHandler* handler) { command_->unexecute(handler); }
+void UndoCmd::execute(KelMediaLib::CommandHandler* handler) {
+  command_->unexecute(handler);
+}
 
-void UndoCmd::unexecute(KelMediaLib::CommandHandler* handler) { command_->reexecute(handler); }
+void UndoCmd::unexecute(KelMediaLib::CommandHandler* handler) {
+  command_->reexecute(handler);
+}
 
-void UndoCmd::reexecute(KelMediaLib::CommandHandler* handler) { command_->unexecute(handler); }
+void UndoCmd::reexecute(KelMediaLib::CommandHandler* handler) {
+  command_->unexecute(handler);
+}
 
 }  // namespace OrvMediaLib
