@@ -73,9 +73,8 @@ void putRangesKeyframes(const ParameterRange& range) {
     interpolaterParameter = interpolater->parameter();
     interpolaterKeyframe = interpolater->keyframe();
   }
-  ParameterRange::addRangesKeyframes(range.parameter(), range.leftKeyframe(),
-                                     range.rightKeyframe(), interpolaterParameter,
-                                     interpolaterKeyframe);
+  ParameterRange::addRangesKeyframes(range.parameter(), range.leftKeyframe(), range.rightKeyframe(),
+                                     interpolaterParameter, interpolaterKeyframe);
 }
 
 // The last range on a parameter: its pair is all there is, and nothing
@@ -140,8 +139,7 @@ void throwIfCollisions(const ActionBin& bin, const Action& action, long long del
   }
 }
 
-void moveKeyframeBy(Parameter<double>& parameter, const KeyFramePtr& keyframe,
-                    long long delta) {
+void moveKeyframeBy(Parameter<double>& parameter, const KeyFramePtr& keyframe, long long delta) {
   const long long time = keyframe->time();
   if (time + delta != time) {
     parameter.moveKeyFrame(time, time + delta);
@@ -379,9 +377,10 @@ KelMediaLib::EditRate InternalOrvProject::editRate() const {
 
 // Actions.
 
-boost::shared_ptr<Action> InternalOrvProject::addAction(
-    boost::shared_ptr<const Media> media, boost::shared_ptr<const ActionBin> bin,
-    ActionDescription const& description, Range<long long> const& range) {
+boost::shared_ptr<Action> InternalOrvProject::addAction(boost::shared_ptr<const Media> media,
+                                                        boost::shared_ptr<const ActionBin> bin,
+                                                        ActionDescription const& description,
+                                                        Range<long long> const& range) {
   const boost::shared_ptr<Action> action = ActionCreator::createAction(media, description, range);
   addAction(bin, action);
   return action;
@@ -521,8 +520,7 @@ void InternalOrvProject::trimActionEnd(boost::shared_ptr<const Action> action, l
   }
 }
 
-void InternalOrvProject::trimActionStart(boost::shared_ptr<const Action> action,
-                                         long long delta) {
+void InternalOrvProject::trimActionStart(boost::shared_ptr<const Action> action, long long delta) {
   require(action, "trimActionStart", "action");
   if (delta == 0) {
     return;
@@ -572,8 +570,8 @@ boost::shared_ptr<const KelMediaLib::AudioMixer> InternalOrvProject::audioMixer(
   return project_->audioMixer();
 }
 
-boost::shared_ptr<const KelMediaLib::VisualMixer> InternalOrvProject::newVisualMixer(
-    float width, float height) {
+boost::shared_ptr<const KelMediaLib::VisualMixer> InternalOrvProject::newVisualMixer(float width,
+                                                                                     float height) {
   return project_->newVisualMixer(width, height);
 }
 

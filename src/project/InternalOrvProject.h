@@ -137,8 +137,9 @@ class InternalOrvProject : public OrvProject,
                                                                    float height) override;
   void newVisualMixer(boost::shared_ptr<KelMediaLib::VisualMixer> mixer) override;
   boost::shared_ptr<KelMediaLib::VisualMixer> removeVisualMixer() override;
-  boost::shared_ptr<const KelMediaLib::AudioMixer> newAudioMixer(
-      unsigned int sampleRate, unsigned int bitDepth, unsigned int numChannels) override;
+  boost::shared_ptr<const KelMediaLib::AudioMixer> newAudioMixer(unsigned int sampleRate,
+                                                                 unsigned int bitDepth,
+                                                                 unsigned int numChannels) override;
   void newAudioMixer(boost::shared_ptr<KelMediaLib::AudioMixer> mixer) override;
   boost::shared_ptr<KelMediaLib::AudioMixer> removeAudioMixer() override;
   boost::shared_ptr<const KelMediaLib::VisualTrack> newVisualTrack(int index) override;

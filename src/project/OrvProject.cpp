@@ -4,8 +4,7 @@
 
 namespace OrvMediaLib {
 
-boost::shared_ptr<OrvProject> OrvProject::create(unsigned int numerator,
-                                                 unsigned int denominator) {
+boost::shared_ptr<OrvProject> OrvProject::create(unsigned int numerator, unsigned int denominator) {
   return InternalOrvProject::create(numerator, denominator);
 }
 
