@@ -112,8 +112,6 @@ TEST_F(ProjectFixture, OperationsGiveTheirMessagesAndLeaveTheirStates) {
        "Can't add parameter range because there's already a parameter range for the specified "
        "parameter",
        resting},
-      {[](const Scene& s) { s.p.addParameterRange(s.loose, rangeOn(s.box, 500, 600)); }, noBin,
-       resting},
       {[](const Scene& s) {
          s.p.addParameterRange(s.a, rangeOn(s.box, 100, 200, "scale0"));
          EXPECT_EQ((Times{100, 200}), timesOf(*s.box, "scale0"));

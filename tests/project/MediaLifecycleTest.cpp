@@ -13,17 +13,8 @@
 namespace {
 
 using namespace projecttest;
-typedef std::vector<long long> Times;
 
-TEST_F(ProjectFixture, AnAddedMediaGetsAHandlerOnceAndKeepsIt) {
-  CloneDecorator<Media>* const handler = media->cloneDecorator();
-  ASSERT_TRUE(handler);
-  run(RemoveMediaCmd::create(track, media));
-  project->undo();
-  EXPECT_EQ(handler, media->cloneDecorator());
-}
-
-TEST_F(ProjectFixture, RemovedMediaLeaveTheirActionsInTheGraveyardUntilUndo) {
+TEST_F(ProjectFixture, RemovedMediaLeaveTheirActionsInTheGraveyardUntilUndoAndKeepTheirHandler) {
   const auto main = added(media, 100, 200);
   const auto zoom = added(media, 300, 400, project->zdActionBin());
   run(RemoveMediaCmd::create(track, media));
@@ -31,7 +22,9 @@ TEST_F(ProjectFixture, RemovedMediaLeaveTheirActionsInTheGraveyardUntilUndo) {
   EXPECT_EQ(0u, project->zdActionBin()->numActions());
   EXPECT_EQ((Times{100, 200, 300, 400}), timesOf(*media));
 
+  CloneDecorator<Media>* const handler = media->cloneDecorator();
   project->undo();
+  EXPECT_TRUE(handler && handler == media->cloneDecorator());
   EXPECT_EQ(project->actionBin(), project->actionBinForAction(main));
   EXPECT_EQ(project->zdActionBin(), project->actionBinForAction(zoom));
   EXPECT_EQ((Times{100, 200, 300, 400}), timesOf(*media));
