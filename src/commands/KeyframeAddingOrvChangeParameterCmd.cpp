@@ -99,7 +99,8 @@ ActionPtr findPreviousAction(const Impl& impl, long long time) {
 
 bool actionHasParameterKeyframes(const ActionPtr& action,
                                  const boost::shared_ptr<const Parameter<double>>& parameter) {
-  for (const boost::shared_ptr<ParameterRange>& range : *action->parameterRanges()) {
+  const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
     if (range->parameter() == parameter) {
       return true;
     }

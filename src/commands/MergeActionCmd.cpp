@@ -22,7 +22,8 @@ bool actionContainsParameterRangeForParamAndRange(
     const boost::shared_ptr<const Action>& action,
     const boost::shared_ptr<const KelMediaLib::Parameter<double>>& parameter,
     const KelMediaLib::Range<long long>& timeRange) {
-  for (const boost::shared_ptr<ParameterRange>& range : *action->parameterRanges()) {
+  const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
     const KelMediaLib::Range<long long> held = range->timeRange();
     if (range->parameter() == parameter && held.start == timeRange.start &&
         held.duration == timeRange.duration) {

@@ -17,7 +17,8 @@ namespace {
 boost::shared_ptr<ParameterRange> findRangetoRemove(
     const boost::shared_ptr<const Action>& action, const boost::shared_ptr<ParameterRange>& range) {
   const std::string& name = range->parameter()->name();
-  for (const boost::shared_ptr<ParameterRange>& held : *action->parameterRanges()) {
+  const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
+  for (const boost::shared_ptr<ParameterRange>& held : *ranges) {
     if (held->parameter()->name() == name) {
       return held;
     }
