@@ -25,7 +25,8 @@ std::vector<boost::shared_ptr<VectorParam>> Transformer::vectors() const {
 void Transformer::xmlName(Options& options) const { options.out << "Transformer"; }
 
 void Transformer::xmlBody(Options& options, int depth) const {
-  for (const boost::shared_ptr<VectorParam>& vector : vectors()) {
+  for (const VectorParam* vector :
+       {translation_.get(), scale_.get(), rotation_.get(), anchor_.get(), shear_.get()}) {
     vector->toXML(options, depth, std::string());
   }
 }
