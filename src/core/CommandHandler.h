@@ -100,8 +100,15 @@ class CommandHandler {
   /// restores it exactly.
   virtual double stretch(boost::shared_ptr<const Track> track,
                          boost::shared_ptr<const Media> media, double scalar) = 0;
+  /// Links the two both ways, each at the end of the other's links.
   virtual void addLink(boost::shared_ptr<const Media> first,
                        boost::shared_ptr<const Media> second) = 0;
+  /// Links the two both ways, `second` at `firstIndex` of the links of
+  /// `first` and `first` at `secondIndex` of those of `second` (-1: at the
+  /// end): how an undone unlink puts the link back in its place.
+  virtual void addLink(boost::shared_ptr<const Media> first,
+                       boost::shared_ptr<const Media> second, int firstIndex,
+                       int secondIndex) = 0;
   virtual void removeLink(boost::shared_ptr<const Media> first,
                           boost::shared_ptr<const Media> second) = 0;
 

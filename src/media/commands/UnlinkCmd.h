@@ -8,8 +8,8 @@ namespace KelMediaLib {
 
 class Media;
 
-/// Unlinks two linked media; undo links them again. The link returns at the
-/// end of each media's list of links.
+/// Unlinks two linked media; undo links them again, each at the place in
+/// the other's links that it had.
 class UnlinkCmd : public NamedCommand {
  public:
   static boost::shared_ptr<UnlinkCmd> create(boost::shared_ptr<const Media> first,
@@ -24,6 +24,8 @@ class UnlinkCmd : public NamedCommand {
 
   boost::shared_ptr<const Media> first_;
   boost::shared_ptr<const Media> second_;
+  int firstIndex_;
+  int secondIndex_;
 };
 
 }  // namespace KelMediaLib

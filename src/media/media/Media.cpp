@@ -112,11 +112,7 @@ Media::Media(const Media& other)
 
 Media::~Media() { delete decorator_; }
 
-bool Media::isLinkedTo(const Media* other) const {
-  return std::any_of(links_.begin(), links_.end(), [other](const boost::weak_ptr<const Media>& l) {
-    return l.lock().get() == other;
-  });
-}
+bool Media::isLinkedTo(const Media* other) const { return indexOfLink(other) >= 0; }
 
 double Media::toParameterTime(double time) const { return time / scalar_; }
 
@@ -216,34 +212,30 @@ void Media::changeScalar(double scalar, const char* what) {
 void Media::trimStart(long long delta) {
   const std::string context = "can't trim " + std::to_string(delta) + " off the start of " + label();
   const long long mediaDelta = toUnits(static_cast<double>(delta) / scalar_, context);
-  const long long start = checkedSum(range_.start, delta, context);
-  const long long duration = checkedDifference(range_.duration, delta, context);
-  const long long mediaStart = checkedSum(mediaStart_, mediaDelta, context);
-  const long long mediaDuration = checkedDifference(mediaDuration_, mediaDelta, context);
-  const long long sum = checkedSum(trimStartSum_, delta, context);
-  if (duration < 0) {
-    throw KelMediaLibException(context + ": it lasts " + std::to_string(range_.duration));
-  }
-  checkMediaTimeRange(mediaStart, mediaDuration);
-  range_.start = start;
-  range_.duration = duration;
-  mediaStart_ = mediaStart;
-  mediaDuration_ = mediaDuration;
-  trimStartSum_ = sum;
-  notify();
+  retime(checkedSum(range_.start, delta, context), checkedSum(mediaStart_, mediaDelta, context),
+         checkedDifference(mediaDuration_, mediaDelta, context),
+         checkedSum(trimStartSum_, delta, context), context);
 }
 
 void Media::trimEnd(long long delta) {
   const std::string context = "can't trim " + std::to_string(delta) + " off the end of " + label();
   const long long mediaDelta = toUnits(static_cast<double>(delta) / scalar_, context);
-  const long long duration = checkedDifference(range_.duration, delta, context);
-  const long long mediaDuration = checkedDifference(mediaDuration_, mediaDelta, context);
-  if (duration < 0) {
+  retime(range_.start, mediaStart_, checkedDifference(mediaDuration_, mediaDelta, context),
+         trimStartSum_, context);
+}
+
+void Media::retime(long long start, long long mediaStart, long long mediaDuration,
+                   long long trimStartSum, const std::string& context) {
+  if (mediaDuration < 0) {
     throw KelMediaLibException(context + ": it lasts " + std::to_string(range_.duration));
   }
-  checkMediaTimeRange(mediaStart_, mediaDuration);
+  checkMediaTimeRange(mediaStart, mediaDuration);
+  const long long duration = toUnits(static_cast<double>(mediaDuration) * scalar_, context);
+  range_.start = start;
   range_.duration = duration;
+  mediaStart_ = mediaStart;
   mediaDuration_ = mediaDuration;
+  trimStartSum_ = trimStartSum;
   notify();
 }
 
@@ -254,7 +246,17 @@ void Media::setStart(long long start) {
 
 void Media::setParent(boost::weak_ptr<const Track> track) { parent_ = track; }
 
-void Media::addLink(const boost::shared_ptr<const Media>& other) {
+int Media::indexOfLink(const Media* other) const {
+  const auto found =
+      std::find_if(links_.begin(), links_.end(), [other](const boost::weak_ptr<const Media>& l) {
+        return l.lock().get() == other;
+      });
+  return other && found != links_.end() ? static_cast<int>(found - links_.begin()) : -1;
+}
+
+void Media::addLink(const boost::shared_ptr<const Media>& other) { insertLink(other, -1); }
+
+void Media::insertLink(const boost::shared_ptr<const Media>& other, int index) {
   if (!other) {
     throw KelMediaLibException("can't link " + label() + " to a null media");
   }
@@ -264,19 +266,22 @@ void Media::addLink(const boost::shared_ptr<const Media>& other) {
   if (isLinkedTo(other.get())) {
     throw KelMediaLibException(label() + " is linked to " + other->label() + " already");
   }
-  links_.push_back(other);
+  if (index < -1 || index > static_cast<int>(links_.size())) {
+    throw KelMediaLibException("can't link " + label() + " to " + other->label() +
+                               " at the index " + std::to_string(index) + " of its " +
+                               std::to_string(links_.size()) + " links");
+  }
+  links_.insert(index == -1 ? links_.end() : links_.begin() + index, other);
 }
 
-void Media::removeLink(const Media* other) {
-  const auto found =
-      std::find_if(links_.begin(), links_.end(), [other](const boost::weak_ptr<const Media>& l) {
-        return l.lock().get() == other;
-      });
-  if (!other || found == links_.end()) {
+int Media::removeLink(const Media* other) {
+  const int index = indexOfLink(other);
+  if (index < 0) {
     throw KelMediaLibException(label() + " isn't linked to " +
                                (other ? other->label() : std::string("a null media")));
   }
-  links_.erase(found);
+  links_.erase(links_.begin() + index);
+  return index;
 }
 
 void Media::checkMediaTimeRange(long long, long long mediaDuration) const {

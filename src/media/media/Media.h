@@ -43,6 +43,16 @@ class Track;
 ///   scalar`, `toLocalTime(timeline) = (timeline - start) + mediaStart *
 ///   scalar`, truncated toward zero.
 ///
+/// Lengths: the source stretch is what a media stores; its length on the
+/// track always follows from it, duration = llround(mediaDuration * scalar).
+/// A trim by `delta` timeline units moves the source stretch by
+/// llround(delta / scalar) source units, and since llround(-x) is
+/// -llround(x), a trim by `-delta` moves it back exactly: every trim and
+/// every change of scalar undone by its opposite gives back start, duration,
+/// mediaStart, mediaDuration, scalar and trimStartSum bit for bit. The price
+/// is that at a scalar other than 1 a trim may move the other end of the
+/// media by a unit, where the rounding of the duration falls otherwise.
+///
 /// Invariants: duration and mediaDuration are never negative; file media
 /// keep within their source (see the kinds). Every change of the range, the
 /// edges or the effects notifies the observers once. The edits here are the
@@ -75,6 +85,8 @@ class Media : public KelObject,
   /// The media linked to this one, in order of linking (some may have gone).
   std::vector<boost::weak_ptr<const Media>> links() const { return links_; }
   bool isLinkedTo(const Media* other) const;
+  /// The place of `other` in `links()`; -1 if it isn't linked (or is null).
+  int indexOfLink(const Media* other) const;
 
   /// The media's free-form name ("ident" in a file); empty by default.
   boost::shared_ptr<const Attribute<std::string>> ident() const { return ident_; }
@@ -115,25 +127,32 @@ class Media : public KelObject,
   virtual void scale(double factor);
   /// Sets the scalar (> 0); the duration is recomputed as by `scale`.
   virtual void setScalar(double scalar);
-  /// Moves the start by `delta` timeline units, keeping the end: duration
-  /// -= delta, mediaStart += llround(delta / scalar), mediaDuration follows;
-  /// trimStartSum += delta. A negative delta extends the media.
+  /// Moves the start by `delta` timeline units: start += delta and
+  /// trimStartSum += delta exactly; mediaStart += llround(delta / scalar),
+  /// mediaDuration -= the same, and the duration follows the source stretch
+  /// (so the end stays, give or take the rounding; see the class). A
+  /// negative delta extends the media.
   ///
   ///     before:   [start ......... end)     source [ms ....... )
   ///     delta 3:     [start+3 .... end)     source    [ms+3/s .. )
   virtual void trimStart(long long delta);
-  /// Moves the end by `-delta` timeline units: duration -= delta,
-  /// mediaDuration -= llround(delta / scalar).
+  /// Moves the end back by about `delta` timeline units: mediaDuration -=
+  /// llround(delta / scalar), and the duration follows the source stretch.
   virtual void trimEnd(long long delta);
   /// Puts the media at `start` on its track (timeline units).
   void setStart(long long start);
   /// Records the track it is on; an empty pointer takes it off.
   void setParent(boost::weak_ptr<const Track> track);
-  /// Links to `other` on this side only (the project links both). Throws on a
-  /// null media, this media, or one linked already.
+  /// Links to `other` on this side only (the project links both), at the end
+  /// of the links. Throws on a null media, this media, or one linked already.
   void addLink(const boost::shared_ptr<const Media>& other);
-  /// Throws if `other` isn't linked.
-  void removeLink(const Media* other);
+  /// Links as `addLink` does, at `index` of the links (-1: at the end), which
+  /// is how an undone unlink puts a link back in its place; also throws on an
+  /// index outside -1 ... number of links.
+  void insertLink(const boost::shared_ptr<const Media>& other, int index);
+  /// Unlinks `other` on this side and returns the index it had; throws if
+  /// `other` isn't linked.
+  int removeLink(const Media* other);
 
  protected:
   /// A media showing (mediaStart, mediaDuration) of its source, at 0 on no
@@ -192,6 +211,10 @@ class Media : public KelObject,
  private:
   void finishClone(Media& copy) const;
   void changeScalar(double scalar, const char* what);
+  /// Checks the new times (nothing changes on a failure), sets them with the
+  /// duration that follows from the source stretch, and notifies.
+  void retime(long long start, long long mediaStart, long long mediaDuration,
+              long long trimStartSum, const std::string& context);
 
   Range<long long> range_;
   long long mediaStart_;

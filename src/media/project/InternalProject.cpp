@@ -275,16 +275,6 @@ boost::shared_ptr<Media> InternalProject::mediaOnTrack(const boost::shared_ptr<c
   return boost::const_pointer_cast<Media>(media);
 }
 
-void InternalProject::placeAgain(const boost::shared_ptr<const Track>& track,
-                                 const boost::shared_ptr<Media>& media) {
-  // Taking the media out and putting it in by its new start costs a few
-  // passes over the track; sorting the whole track again would cost
-  // n log n for every move.
-  const boost::shared_ptr<Track> writable = boost::const_pointer_cast<Track>(track);
-  writable->eraseMedia(media.get());
-  writable->insertMedia(media);
-}
-
 // Mixers.
 
 boost::shared_ptr<const VisualMixer> InternalProject::visualMixer() const {
@@ -489,8 +479,9 @@ void InternalProject::move(boost::shared_ptr<const Track> track,
     throw failure("move", "moving " + label(*media) + " by " + std::to_string(delta) +
                               " would put it at " + std::to_string(start) + ", before 0");
   }
+  const long long previousStart = media->range().start;
   writable->setStart(start);
-  placeAgain(track, writable);
+  boost::const_pointer_cast<Track>(track)->placeAgain(writable.get(), previousStart);
 }
 
 void InternalProject::trimStart(boost::shared_ptr<const Track> track,
@@ -504,7 +495,7 @@ void InternalProject::trimStart(boost::shared_ptr<const Track> track,
                                    std::to_string(range.duration));
   }
   writable->trimStart(delta);
-  placeAgain(track, writable);
+  boost::const_pointer_cast<Track>(track)->placeAgain(writable.get(), range.start);
 }
 
 void InternalProject::trimEnd(boost::shared_ptr<const Track> track,
@@ -528,6 +519,12 @@ double InternalProject::stretch(boost::shared_ptr<const Track> track,
 
 void InternalProject::addLink(boost::shared_ptr<const Media> first,
                               boost::shared_ptr<const Media> second) {
+  addLink(first, second, -1, -1);
+}
+
+void InternalProject::addLink(boost::shared_ptr<const Media> first,
+                              boost::shared_ptr<const Media> second, int firstIndex,
+                              int secondIndex) {
   require(first, "addLink", "first media");
   require(second, "addLink", "second media");
   if (first == second) {
@@ -536,8 +533,17 @@ void InternalProject::addLink(boost::shared_ptr<const Media> first,
   if (first->isLinkedTo(second.get()) || second->isLinkedTo(first.get())) {
     throw failure("addLink", label(*first) + " and " + label(*second) + " are linked already");
   }
-  boost::const_pointer_cast<Media>(first)->addLink(second);
-  boost::const_pointer_cast<Media>(second)->addLink(first);
+  const auto checkIndex = [](const Media& media, int index) {
+    if (index < -1 || index > static_cast<int>(media.links().size())) {
+      throw failure("addLink", "the link index " + std::to_string(index) + " is outside the " +
+                                   std::to_string(media.links().size()) + " links of " +
+                                   label(media));
+    }
+  };
+  checkIndex(*first, firstIndex);
+  checkIndex(*second, secondIndex);
+  boost::const_pointer_cast<Media>(first)->insertLink(second, firstIndex);
+  boost::const_pointer_cast<Media>(second)->insertLink(first, secondIndex);
 }
 
 void InternalProject::removeLink(boost::shared_ptr<const Media> first,

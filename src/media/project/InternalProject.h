@@ -105,6 +105,9 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   /// Links both ways; refuses a media linked to itself or linked already.
   void addLink(boost::shared_ptr<const Media> first,
                boost::shared_ptr<const Media> second) override;
+  /// Also refuses an index outside -1 ... number of links.
+  void addLink(boost::shared_ptr<const Media> first, boost::shared_ptr<const Media> second,
+               int firstIndex, int secondIndex) override;
   void removeLink(boost::shared_ptr<const Media> first,
                   boost::shared_ptr<const Media> second) override;
 
@@ -155,9 +158,6 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   boost::shared_ptr<Media> mediaOnTrack(const boost::shared_ptr<const Track>& track,
                                         const boost::shared_ptr<const Media>& media,
                                         const char* operation) const;
-  /// Puts a media whose start changed in its place on its track again.
-  void placeAgain(const boost::shared_ptr<const Track>& track,
-                  const boost::shared_ptr<Media>& media);
   boost::shared_ptr<Track> insertNewTrack(const boost::shared_ptr<Mixer>& mixer,
                                           boost::shared_ptr<Track> track, int index,
                                           const char* operation);

@@ -227,14 +227,4 @@ TEST(MediaParametersTest, StillElementsWriteWhatTheirReaderReplays) {
             xmlOf(*callout).find("textRect=\"(0,0,0,0)\" hotspot=\"(0,0,0)\" trimStartSum=\"0\">"));
 }
 
-TEST(MediaParametersTest, AScalarThatNoLongerGivesTheDurationIsWrittenAsTheRatio) {
-  mediatest::Project p;
-  const boost::shared_ptr<VMFile> video = VMFile::create(R(0, 5), p.lock, p.source, 0);
-  video->setScalar(2.0);
-  video->trimEnd(5);  // duration 5, source stretch 5 - llround(2.5) = 2
-  ASSERT_EQ(R(0, 5), video->range());
-  ASSERT_EQ(R(0, 2), video->mediaTimeRange());
-  EXPECT_NE(std::string::npos, xmlOf(*video).find("scalar=\"2.5\""));
-}
-
 }  // namespace

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -62,7 +63,9 @@ TEST_F(MediaTimeTest, TrimsMoveTheSourceStretchByTheScaledDelta) {
       {2.0, 20, 10, R(30, 170), R(40, 85), 20},
       {1.0, -30, 0, R(-20, 130), R(0, 130), -30},
       {1.0, 0, -170, R(10, 270), R(30, 270), 0},
-      {2.0, 3, 0, R(13, 197), R(32, 98), 3},
+      // The source moves by llround(1.5) = 2 and the duration follows it.
+      {2.0, 3, 0, R(13, 196), R(32, 98), 3},
+      {0.7, 0, 3, R(10, 67), R(30, 96), 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.scalar << " " << c.startDelta << " " << c.endDelta);
@@ -78,17 +81,49 @@ TEST_F(MediaTimeTest, TrimsMoveTheSourceStretchByTheScaledDelta) {
   }
 }
 
-TEST_F(MediaTimeTest, UndoingATrimByItsNegativeRestoresTheMediaExactly) {
-  const boost::shared_ptr<VMFile> media = video(1.5);
-  const R range = media->range();
-  const R stretch = media->mediaTimeRange();
-  media->trimStart(7);
-  media->trimStart(-7);
-  media->trimEnd(11);
-  media->trimEnd(-11);
-  EXPECT_EQ(range, media->range());
-  EXPECT_EQ(stretch, media->mediaTimeRange());
-  EXPECT_EQ(0, media->trimStartSum());
+// Uneven trims and changes of speed, then their opposites in reverse: the
+// media comes back bit for bit, and its duration always follows its source.
+TEST_F(MediaTimeTest, TrimsAndScalarsUndoneByTheirOppositesRestoreTheMediaExactly) {
+  struct Edit {
+    std::function<void(Media&)> apply, undo;
+  };
+  const auto trimStart = [](long long d) {
+    return Edit{[d](Media& m) { m.trimStart(d); }, [d](Media& m) { m.trimStart(-d); }};
+  };
+  const auto trimEnd = [](long long d) {
+    return Edit{[d](Media& m) { m.trimEnd(d); }, [d](Media& m) { m.trimEnd(-d); }};
+  };
+  for (const double scalar : {1.5, 0.7, 1.0 / 3.0, 2.37, 3.9}) {
+    SCOPED_TRACE(scalar);
+    const boost::shared_ptr<VMFile> media = video(scalar);
+    const double other = scalar * 1.618;
+    const std::vector<Edit> edits = {
+        trimStart(7),
+        trimEnd(-11),
+        Edit{[other](Media& m) { m.setScalar(other); }, [scalar](Media& m) { m.setScalar(scalar); }},
+        trimStart(-3),
+        trimEnd(5),
+    };
+    std::vector<std::string> states;
+    const auto state = [&media] {
+      std::ostringstream text;
+      text << media->range() << media->mediaTimeRange() << media->trimStartSum() << ' '
+           << std::hexfloat << media->scalar();
+      return text.str();
+    };
+    for (const Edit& edit : edits) {
+      states.push_back(state());
+      edit.apply(*media);
+      EXPECT_EQ(std::llround(static_cast<double>(media->mediaTimeRange().duration) *
+                             media->scalar()),
+                media->range().duration);
+    }
+    for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) {
+      edit->undo(*media);
+      EXPECT_EQ(states.back(), state());
+      states.pop_back();
+    }
+  }
 }
 
 TEST_F(MediaTimeTest, BadEditsThrowAndLeaveTheMediaUnchanged) {

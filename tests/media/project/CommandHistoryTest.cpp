@@ -231,6 +231,9 @@ class MockHandler : public CommandHandler {
               (boost::shared_ptr<const Track>, boost::shared_ptr<const Media>, double), (override));
   MOCK_METHOD(void, addLink, (boost::shared_ptr<const Media>, boost::shared_ptr<const Media>),
               (override));
+  MOCK_METHOD(void, addLink,
+              (boost::shared_ptr<const Media>, boost::shared_ptr<const Media>, int, int),
+              (override));
   MOCK_METHOD(void, removeLink, (boost::shared_ptr<const Media>, boost::shared_ptr<const Media>),
               (override));
   MOCK_METHOD(void, addEffect,

@@ -43,19 +43,47 @@ struct TrackMixerTest : ::testing::Test {
   }
 };
 
-TEST_F(TrackMixerTest, TracksKeepMediaInStartOrderStableForEqualStarts) {
+TEST_F(TrackMixerTest, TracksKeepStartOrderAndPutArrivalsBehindEqualStarts) {
   const boost::shared_ptr<VisualTrack> track = VisualTrack::create(p.lock);
   const boost::shared_ptr<Media> a = imageAt(20), b = imageAt(10), c = imageAt(20), d = imageAt(0);
   for (const auto& media : {a, b, c, d}) {
     track->insertMedia(media);
   }
   EXPECT_EQ((std::vector<const Media*>{d.get(), b.get(), a.get(), c.get()}), order(*track));
+  mediatest::CountingObserver observer;
+  track->attach(&observer);
 
-  d->setStart(20);
-  b->setStart(30);
-  track->resort();
-  // d stood before a and c, and stays before them at the same start.
-  EXPECT_EQ((std::vector<const Media*>{d.get(), a.get(), c.get(), b.get()}), order(*track));
+  // Moves one after the other: the moved media goes behind those that start
+  // where it now starts, and the others keep their order.
+  struct Step {
+    boost::shared_ptr<Media> moved;
+    long long start;
+    std::vector<const Media*> expected;
+  };
+  const Step steps[] = {
+      {d, 20, {b.get(), a.get(), c.get(), d.get()}},
+      {b, 30, {a.get(), c.get(), d.get(), b.get()}},
+      {c, 5, {c.get(), a.get(), d.get(), b.get()}},
+      {a, 20, {c.get(), a.get(), d.get(), b.get()}},
+      {b, 0, {b.get(), c.get(), a.get(), d.get()}},
+  };
+  int changes = 0;
+  for (const Step& step : steps) {
+    SCOPED_TRACE(step.start);
+    const long long previous = step.moved->range().start;
+    step.moved->setStart(step.start);
+    track->placeAgain(step.moved.get(), previous);
+    changes += previous != step.start ? 1 : 0;
+    EXPECT_EQ(step.expected, order(*track));
+    EXPECT_EQ(changes, observer.count);
+  }
+  EXPECT_THROW(track->placeAgain(a.get(), 21), KelMediaLibException);
+  EXPECT_THROW(track->placeAgain(imageAt(20).get(), 20), KelMediaLibException);
+
+  // The second of two media at one start is the one erased.
+  track->eraseMedia(d.get());
+  EXPECT_EQ((std::vector<const Media*>{b.get(), c.get(), a.get()}), order(*track));
+  track->detach(&observer);
 
   std::vector<const VisualMedia*> walked;
   for (auto it = track->visualMediaBegin(); it != track->visualMediaEnd(); ++it) {
