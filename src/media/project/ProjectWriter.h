@@ -10,7 +10,8 @@ class Project;
 /// Writes a project of the media model as a project file, the document that
 /// the project reader reads back: the "Project" element with its source bin
 /// and timeline, every object that may be pointed at with its "id", values
-/// in text forms that read back unchanged (doubles to the same bits).
+/// in text forms that read back unchanged (doubles to the same bits),
+/// whatever the locale of the stream written to.
 ///
 /// The writer holds a read lock of the project while it writes, and checks
 /// the whole project before it writes a byte: a project refused is not

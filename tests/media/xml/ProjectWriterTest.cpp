@@ -26,6 +26,7 @@
 #include <expat.h>
 
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <map>
 #include <regex>
@@ -240,6 +241,7 @@ TEST_F(ProjectWriterTest, RefusesBeforeWritingAndNamesAFileItCannotWrite) {
   ProjectWriter::write(*project, path);
   std::ifstream in(path);
   EXPECT_EQ(written(), std::string(std::istreambuf_iterator<char>(in), {}));
+  std::remove(path.c_str());
   const std::string bad = ::testing::TempDir() + "missing/project.xml";
   try {
     ProjectWriter::write(*project, bad);
