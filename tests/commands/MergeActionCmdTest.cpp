@@ -25,8 +25,8 @@ struct Zoomed : Studio {
   boost::shared_ptr<const Media> media = addMedia(0);
   boost::shared_ptr<Action> action;
   Zoomed() {
-    const auto command =
-        OrvMediaLib::AddActionCmd::create(media, project->actionBin(), zoom(2.0, 10.0, -6.0), 100, 100);
+    const auto command = OrvMediaLib::AddActionCmd::create(media, project->actionBin(),
+                                                           zoom(2.0, 10.0, -6.0), 100, 100);
     project->orvExecute(command);
     action = command->createdAction();
   }
@@ -45,8 +45,8 @@ struct Zoomed : Studio {
     std::set<std::vector<const void*>> held;
     const auto list = action->parameterRanges();
     for (const auto& range : *list) {
-      held.insert({range->parameter().get(), range->leftKeyframe().get(),
-                   range->rightKeyframe().get()});
+      held.insert(
+          {range->parameter().get(), range->leftKeyframe().get(), range->rightKeyframe().get()});
     }
     return held;
   }
@@ -105,8 +105,7 @@ struct Recorder : OrvMediaLib::MergeActionCmdCollisionStrategy {
   Recorder* clone() const override { return new Recorder(log); }
   void execute(OrvMediaLib::OrvMultiCommand*, boost::shared_ptr<ParameterRange> range,
                boost::shared_ptr<const Action> action) override {
-    log.push_back(range->parameter()->name() + " " +
-                  std::to_string(action->numParameterRanges()));
+    log.push_back(range->parameter()->name() + " " + std::to_string(action->numParameterRanges()));
   }
   std::vector<std::string>& log;
 };

@@ -143,9 +143,9 @@ TEST(ParameterChangeCommandsTest, LocalEditAnchorsTheActionsAroundItAndWritesIts
   };
   for (const auto& c : cases) {
     const Scene scene(c.stray);
-    EXPECT_EQ(runUndoRedo(scene, OrvChangeParameterCmd::createWithAbsolute(
-                                     scene.media, scene.opacity, scene.project->actionBin(),
-                                     c.time, 0.25)),
+    EXPECT_EQ(runUndoRedo(
+                  scene, OrvChangeParameterCmd::createWithAbsolute(
+                             scene.media, scene.opacity, scene.project->actionBin(), c.time, 0.25)),
               c.expected)
         << "edit at " << c.time;
   }
@@ -167,8 +167,8 @@ TEST(ParameterChangeCommandsTest, EarlierDeltaFormMovesTheKeyFramesOfItsCase) {
   for (const auto& c : cases) {
     const Scene scene;
     EXPECT_EQ(runUndoRedo(scene, OrvMediaLib::OrigOrvChangeParamDeltaCmd::create(
-                                     scene.media, scene.opacity, scene.project->actionBin(),
-                                     c.time, -0.25)),
+                                     scene.media, scene.opacity, scene.project->actionBin(), c.time,
+                                     -0.25)),
               c.expected)
         << "edit at " << c.time;
   }
@@ -297,7 +297,9 @@ TEST(ParameterChangeCommandsTest, VectorEditChangesTheDimensionsOfItsNonZeroComp
     struct Scaled : Studio {
       boost::shared_ptr<const Media> media = addMedia(0);
       boost::shared_ptr<KelMediaLib::VectorParam> scale =
-          boost::dynamic_pointer_cast<const KelMediaLib::VisualMedia>(media)->transformer()->scale();
+          boost::dynamic_pointer_cast<const KelMediaLib::VisualMedia>(media)
+              ->transformer()
+              ->scale();
       std::string state() const {
         return keyFrames(*scale->at(0)) + "|" + keyFrames(*scale->at(1)) + "|" +
                keyFrames(*scale->at(2));
