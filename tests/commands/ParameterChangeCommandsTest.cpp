@@ -23,7 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <map>
+#include <vector>
 #include <stdexcept>
 
 namespace actioncmdtest {
@@ -184,28 +184,24 @@ TEST(ParameterChangeCommandsTest, EarlierDeltaFormMovesTheKeyFramesOfItsCase) {
 
 // Tells which key frame times changed value at each notification.
 struct ChangeLog : KelMediaLib::Observer {
-  explicit ChangeLog(const Parameter<double>& observed) : parameter(observed) {
-    remember();
+  explicit ChangeLog(const Parameter<double>& observed) : parameter(observed), values(read()) {
     parameter.attach(this);
   }
   ~ChangeLog() override { parameter.detach(this); }
-  void observerUpdate() override {
-    const std::map<long long, double> previous = values;
-    remember();
-    for (const auto& entry : values) {
-      if (previous.count(entry.first) && previous.at(entry.first) != entry.second) {
-        text += std::to_string(entry.first) + " ";
-      }
-    }
+  std::vector<double> read() const {
+    std::vector<double> now;
+    for (const auto& frame : parameter.keyFrames()) now.push_back(frame->value());
+    return now;
   }
-  void remember() {
-    values.clear();
-    for (const auto& frame : parameter.keyFrames()) {
-      values[frame->time()] = frame->value();
+  void observerUpdate() override {
+    const std::vector<double> now = read();
+    for (std::size_t i = 0; i < now.size() && i < values.size(); ++i) {
+      if (now[i] != values[i]) text += std::to_string(parameter.keyFrameTimes()[i]) + " ";
     }
+    values = now;
   }
   const Parameter<double>& parameter;
-  std::map<long long, double> values;
+  std::vector<double> values;
   std::string text;
 };
 
