@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <ostream>
+#include <string>
 
 namespace KelMediaLib {
 
@@ -29,6 +30,74 @@ const char* escapeOf(char c) {
   }
 }
 
+// U+FFFD, written in place of what an XML document can't hold at all.
+const char kReplacement[] = "\xEF\xBF\xBD";
+
+// Length of the well-formed UTF-8 sequence of a character XML allows that
+// starts at `text[i]`, or 0.
+std::size_t validSequence(const std::string& text, std::size_t i) {
+  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+  const unsigned char lead = byte(i);
+  if (lead < 0x80) {
+    return (lead >= 0x20 || lead == '\t' || lead == '\n' || lead == '\r') ? 1 : 0;
+  }
+  std::size_t length;
+  unsigned long code;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+    code = lead & 0x1F;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    code = lead & 0x0F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    code = lead & 0x07;
+  } else {
+    return 0;
+  }
+  if (i + length > text.size()) {
+    return 0;
+  }
+  for (std::size_t k = 1; k < length; ++k) {
+    if ((byte(i + k) & 0xC0) != 0x80) {
+      return 0;
+    }
+    code = (code << 6) | (byte(i + k) & 0x3F);
+  }
+  const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+  if (overlong || surrogate || code > 0x10FFFF || code == 0xFFFE || code == 0xFFFF) {
+    return 0;
+  }
+  return length;
+}
+
+// Writes `text` escaped for a double-quoted attribute through `append(data,
+// size)`. Bytes that aren't well-formed UTF-8, and control characters that XML
+// forbids even as references, become U+FFFD: the document must stay readable.
+template <class Append>
+void escapeText(const std::string& text, Append append) {
+  std::size_t plainFrom = 0;
+  std::size_t i = 0;
+  while (i < text.size()) {
+    if (const char* replacement = escapeOf(text[i])) {
+      append(text.data() + plainFrom, i - plainFrom);
+      append(replacement, std::char_traits<char>::length(replacement));
+      plainFrom = ++i;
+      continue;
+    }
+    const std::size_t length = validSequence(text, i);
+    if (length == 0) {
+      append(text.data() + plainFrom, i - plainFrom);
+      append(kReplacement, sizeof kReplacement - 1);
+      plainFrom = ++i;
+      continue;
+    }
+    i += length;
+  }
+  append(text.data() + plainFrom, text.size() - plainFrom);
+}
+
 }  // namespace
 
 void writeXMLValue(std::ostream& out, double value) { writeChars(out, value); }
@@ -39,27 +108,15 @@ void writeXMLValue(std::ostream& out, long long value) { writeChars(out, value);
 void writeXMLValue(std::ostream& out, unsigned long value) { writeChars(out, value); }
 
 void writeXMLValue(std::ostream& out, const std::string& value) {
-  std::string::size_type plainFrom = 0;
-  for (std::string::size_type i = 0; i < value.size(); ++i) {
-    if (const char* replacement = escapeOf(value[i])) {
-      out.write(value.data() + plainFrom, i - plainFrom);
-      out << replacement;
-      plainFrom = i + 1;
-    }
-  }
-  out.write(value.data() + plainFrom, value.size() - plainFrom);
+  escapeText(value, [&out](const char* data, std::size_t size) {
+    out.write(data, static_cast<std::streamsize>(size));
+  });
 }
 
 std::string xmlEscape(const std::string& text) {
   std::string result;
   result.reserve(text.size());
-  for (char c : text) {
-    if (const char* replacement = escapeOf(c)) {
-      result += replacement;
-    } else {
-      result += c;
-    }
-  }
+  escapeText(text, [&result](const char* data, std::size_t size) { result.append(data, size); });
   return result;
 }
 

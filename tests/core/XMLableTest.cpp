@@ -103,6 +103,14 @@ TEST(XMLTextTest, EscapesMarkupQuotesAndWhitespaceThatAttributesWouldLose) {
       {"a\tb", "a&#9;b"},
       {"&amp;", "&amp;amp;"},
       {"caf\xC3\xA9", "caf\xC3\xA9"},
+      {"\xF0\x9F\x8E\xAC clip", "\xF0\x9F\x8E\xAC clip"},
+      // What no XML document can hold becomes U+FFFD, one per byte.
+      {std::string("a\x01" "b\0c", 5), "a\xEF\xBF\xBD" "b\xEF\xBF\xBD" "c"},
+      {"bad \xC3(", "bad \xEF\xBF\xBD("},
+      {"cut \xE2\x82", "cut \xEF\xBF\xBD\xEF\xBF\xBD"},
+      {"overlong \xC0\xAF", "overlong \xEF\xBF\xBD\xEF\xBF\xBD"},
+      {"surrogate \xED\xA0\x80", "surrogate \xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
+      {"nonchar \xEF\xBF\xBF", "nonchar \xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(c.out, KelMediaLib::xmlEscape(c.in)) << c.in;
