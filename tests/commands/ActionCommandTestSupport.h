@@ -73,21 +73,24 @@ inline boost::shared_ptr<Parameter<double>> parameter(const Media& media, const 
   return boost::dynamic_pointer_cast<Parameter<double>>(media.parameterNamed(name));
 }
 
-/// "t=v t=v ..." in time order, values exact.
-inline std::string keyFrames(const Parameter<double>& parameter) {
+/// "t=v t=v ..." in time order, values to `digits` significant digits; times
+/// alone for 0 digits.
+inline std::string keyFrames(const Parameter<double>& parameter, int digits = 17) {
   std::ostringstream out;
-  out.precision(17);
+  out.precision(digits);
   for (const auto& frame : parameter.keyFrames()) {
-    out << (out.tellp() > 0 ? " " : "") << frame->time() << '=' << frame->value();
+    out << (out.tellp() > 0 ? " " : "") << frame->time();
+    if (digits) out << '=' << frame->value();
   }
   return out.str();
 }
 
 /// The key frames of each named parameter, one line each.
-inline std::string keyFrames(const Media& media, std::initializer_list<const char*> names) {
+inline std::string keyFrames(const Media& media, std::initializer_list<const char*> names,
+                             int digits = 17) {
   std::string text;
   for (const char* name : names) {
-    text += std::string(name) + ": " + keyFrames(*parameter(media, name)) + "\n";
+    text += std::string(name) + ": " + keyFrames(*parameter(media, name), digits) + "\n";
   }
   return text;
 }
