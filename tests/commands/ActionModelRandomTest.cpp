@@ -17,10 +17,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <random>
-#include <tuple>
 #include <vector>
 
 namespace actioncmdtest {
@@ -59,17 +59,23 @@ struct Session {
     }
     return result;
   }
-  /// Every action in a bin, with its media and the bin's index.
-  std::vector<std::tuple<boost::shared_ptr<const Media>, int, boost::shared_ptr<const Action>>>
-  actions() const {
-    std::vector<std::tuple<boost::shared_ptr<const Media>, int, boost::shared_ptr<const Action>>>
-        result;
+  struct Held {
+    boost::shared_ptr<const Media> media;
+    int bin;
+    boost::shared_ptr<const Action> action;
+  };
+  std::vector<Held> actions() const {
+    std::vector<Held> result;
     for (const auto& m : media) {
       for (int b = 0; b < 2; ++b) {
-        for (const auto& action : listOf(b, m)) result.emplace_back(m, b, action);
+        for (const auto& action : listOf(b, m)) result.push_back({m, b, action});
       }
     }
     return result;
+  }
+  template <class T>
+  const T& any(const std::vector<T>& among) {
+    return among[pick(0, among.size() - 1)];
   }
 
   /// The first `count` media (all by default), their key frames and actions.
@@ -103,7 +109,6 @@ struct Session {
         EXPECT_TRUE(m->parent() || list.empty()) << "a media off the track has its actions away";
         boost::shared_ptr<const Action> previous;
         for (const auto& action : list) {
-          EXPECT_EQ(project.actionBinForAction(action), bin(b));
           EXPECT_FALSE(bin(1 - b)->containsAction(action) ||
                        project.audioActionBin()->containsAction(action));
           EXPECT_EQ(action->parametric(), m);
@@ -136,12 +141,17 @@ struct Session {
     }
   }
 
-  /// Runs `run`; true if it returned. A failure must leave the model as it was.
-  template <class F>
-  bool attempt(F run, bool expected) {
+  void execute(const boost::shared_ptr<OrvMediaLib::OrvCommand>& c) {
+    studio.project->orvExecute(c);
+  }
+  void execute(const boost::shared_ptr<KelMediaLib::Command>& c) { studio.project->execute(c); }
+  /// Runs `command`; true if it returned. A failure must leave the model and
+  /// the history as they were.
+  template <class C>
+  bool attempt(const boost::shared_ptr<C>& command, bool expected = true) {
     const std::string before = snapshot();
     const unsigned int position = studio.project->commandHistory().position();
-    const std::string message = failure(run);
+    const std::string message = failure([&] { execute(command); });
     EXPECT_EQ(message.empty(), expected) << message;
     if (!message.empty()) {
       EXPECT_EQ(snapshot(), before);
@@ -153,124 +163,87 @@ struct Session {
   void addAction() {
     const auto candidates = onTrack();
     if (candidates.empty()) return;
-    const auto m = candidates[pick(0, candidates.size() - 1)];
+    const auto m = any(candidates);
     const int b = static_cast<int>(pick(0, 1));
     const Range<long long> source = m->mediaTimeRange();
     const Range<long long> range(pick(source.start, source.end() - 1), pick(1, 150));
     bool free = true;
     for (const auto& action : listOf(b, m)) free &= !overlap(action->timeRange(), range);
-    const ActionDescription description =
-        zoom(1.0 + 0.25 * pick(1, 4), pick(-50, 50), pick(-50, 50));
     ActionDescription half(ActionDescription::CENTER_ACTION);
-    for (const auto& r : description) {
+    for (const auto& r : zoom(1.0 + 0.25 * pick(1, 4), pick(-50, 50), pick(-50, 50))) {
       if (r.parameterName().compare(0, 5, b ? "trans" : "scale") == 0) half.addParameterRange(r);
     }
-    attempt(
-        [&] {
-          studio.project->orvExecute(
-              OrvMediaLib::AddActionCmd::create(m, bin(b), half, range.start, range.duration));
-        },
-        free);
+    attempt(OrvMediaLib::AddActionCmd::create(m, bin(b), half, range.start, range.duration), free);
   }
 
-  /// Moves or trims one end of an action; a move that would carry the action
-  /// across a neighbour isn't tried, since its key frames would pass the
-  /// neighbour's one by one.
+  /// Moves or trims one end of an action. A move that would carry the action
+  /// across a neighbour isn't tried: its key frames would pass the
+  /// neighbour's one by one, and the bin's watch would stop it half way.
   void changeAction(int kind) {
     const auto all = actions();
     if (all.empty()) return;
-    boost::shared_ptr<const Media> m;
-    int b;
-    boost::shared_ptr<const Action> action;
-    std::tie(m, b, action) = all[pick(0, all.size() - 1)];
-    const Range<long long> now = action->timeRange();
+    const Held held = any(all);
+    const Range<long long> now = held.action->timeRange();
     const long long delta = pick(-std::min(now.start, 200LL), 200);
     if (kind == 0) {
       const Range<long long> moved(now.start + delta, now.duration);
-      const Range<long long> path(std::min(now.start, moved.start),
-                                  now.duration + (delta < 0 ? -delta : delta));
+      const Range<long long> path(std::min(now.start, moved.start), now.duration + std::abs(delta));
       bool collides = false, crosses = false;
-      for (const auto& other : listOf(b, m)) {
-        if (other == action) continue;
+      for (const auto& other : listOf(held.bin, held.media)) {
+        if (other == held.action) continue;
         collides |= overlap(other->timeRange(), moved);
         crosses |= path.intersection(other->timeRange()).duration > 0;
       }
-      if (crosses && !collides) return;
-      attempt(
-          [&] { studio.project->orvExecute(OrvMediaLib::MoveActionCmd::create(action, delta)); },
-          !collides);
+      if (!crosses || collides) {
+        attempt(OrvMediaLib::MoveActionCmd::create(held.action, delta), !collides);
+      }
       return;
     }
     // A trimmed end may come up to, but not onto, its neighbouring key frame.
-    const auto p = parameter(*m, kParameters[b][0]);
+    const auto p = parameter(*held.media, kParameters[held.bin][0]);
     const long long end = kind == 1 ? now.start : now.end();
     const long long moved = kind == 1 ? end + delta : end - delta;
     const bool fits =
         delta == 0 || (p->prevKeyFrameTime(end) < moved && moved < p->nextKeyFrameTime(end));
-    attempt(
-        [&] {
-          if (kind == 1) {
-            studio.project->orvExecute(OrvMediaLib::TrimActionStartCmd::create(action, delta));
-          } else {
-            studio.project->orvExecute(OrvMediaLib::TrimActionEndCmd::create(action, delta));
-          }
-        },
-        fits);
+    if (kind == 1) {
+      attempt(OrvMediaLib::TrimActionStartCmd::create(held.action, delta), fits);
+    } else {
+      attempt(OrvMediaLib::TrimActionEndCmd::create(held.action, delta), fits);
+    }
+  }
+
+  void changeMedia() {
+    const auto placed = onTrack();
+    for (const auto& m : media) {
+      if (!m->parent() && (placed.empty() || pick(0, 2) == 0)) {
+        attempt(KelMediaLib::AddMediaCmd::create(studio.track, m, pick(0, 5000)));
+        return;
+      }
+    }
+    if (placed.empty()) return;
+    const auto m = any(placed);
+    if (pick(0, 1) || m->range().duration < 2) {
+      attempt(KelMediaLib::RemoveMediaCmd::create(studio.track, m));
+      return;
+    }
+    const auto split = KelMediaLib::SplitMediaCmd::create(
+        studio.track, m, pick(m->range().start + 1, m->range().end() - 1));
+    if (attempt(split)) media.push_back(split->secondPart());
   }
 
   void step() {
     const auto& project = studio.project;
-    const auto placed = onTrack();
-    const auto all = actions();
-    switch (pick(0, 9)) {
-      case 0:
-      case 1:
-      case 2:
-        return addAction();
-      case 3:
-      case 4:
-        return changeAction(static_cast<int>(pick(0, 2)));
-      case 5:
-        if (all.empty()) return;
-        attempt(
-            [&] {
-              project->orvExecute(
-                  OrvMediaLib::RemoveActionCmd::create(std::get<2>(all[pick(0, all.size() - 1)])));
-            },
-            true);
-        return;
-      case 6: {
-        if (placed.empty()) return;
-        const auto m = placed[pick(0, placed.size() - 1)];
-        if (pick(0, 1)) {
-          attempt([&] { project->execute(KelMediaLib::RemoveMediaCmd::create(studio.track, m)); },
-                  true);
-          return;
-        }
-        if (m->range().duration < 2) return;
-        const auto split = KelMediaLib::SplitMediaCmd::create(
-            studio.track, m, pick(m->range().start + 1, m->range().end() - 1));
-        if (attempt([&] { project->execute(split); }, true)) media.push_back(split->secondPart());
-        return;
-      }
-      case 7:
-        for (const auto& m : media) {
-          if (!m->parent()) {
-            attempt(
-                [&] {
-                  project->execute(
-                      KelMediaLib::AddMediaCmd::create(studio.track, m, pick(0, 5000)));
-                },
-                true);
-            return;
-          }
-        }
-        return;
-      case 8:
-        if (project->commandHistory().position() > base) project->undo();
-        return;
-      default:
-        if (project->commandHistory().canRedo()) project->redo();
+    const long long what = pick(0, 9);
+    if (what < 3) return addAction();
+    if (what < 5) return changeAction(static_cast<int>(pick(0, 2)));
+    if (what < 7) return changeMedia();
+    if (what == 7) {
+      const auto all = actions();
+      if (!all.empty()) attempt(OrvMediaLib::RemoveActionCmd::create(any(all).action));
+    } else if (what == 8 && project->commandHistory().position() > base) {
+      project->undo();
+    } else if (what == 9 && project->commandHistory().canRedo()) {
+      project->redo();
     }
   }
 
