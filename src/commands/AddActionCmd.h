@@ -12,8 +12,9 @@
 namespace KelMediaLib {
 class CommandHandler;
 class Media;
-template <class T> class Parameter;
-} // namespace KelMediaLib
+template <class T>
+class Parameter;
+}  // namespace KelMediaLib
 
 namespace OrvMediaLib {
 
@@ -27,21 +28,20 @@ class ActionBin;
 /// action object back and writes the values that they had just after. The
 /// command keeps the action alive while it is undone.
 class AddActionCmd : public OrvCommandImpl {
-public:
+ public:
   /// An action over (`start`, `duration`) of `media`'s own time, for `bin`.
   /// The description is copied. Throws `OrvException` on a null media.
-  static boost::shared_ptr<AddActionCmd>
-  create(boost::shared_ptr<const KelMediaLib::Media> media,
-         boost::shared_ptr<const ActionBin> bin,
-         const ActionDescription &description, long long start,
-         long long duration);
+  static boost::shared_ptr<AddActionCmd> create(boost::shared_ptr<const KelMediaLib::Media> media,
+                                                boost::shared_ptr<const ActionBin> bin,
+                                                const ActionDescription& description,
+                                                long long start, long long duration);
 
   /// Notes the values at the start, adds the action, notes them again.
   /// Throws `OrvException` if a range description names no parameter of
   /// doubles on the media; what the project throws passes through.
-  void execute(KelMediaLib::CommandHandler *handler) override;
-  void unexecute(KelMediaLib::CommandHandler *handler) override;
-  void reexecute(KelMediaLib::CommandHandler *handler) override;
+  void execute(KelMediaLib::CommandHandler* handler) override;
+  void unexecute(KelMediaLib::CommandHandler* handler) override;
+  void reexecute(KelMediaLib::CommandHandler* handler) override;
 
   /// The action that `execute` made, the same object across undo and redo;
   /// null before a successful `execute`.
@@ -50,20 +50,17 @@ public:
   /// The key frame that an undo writes back to on `parameter` for an edit at
   /// `time` (the parameter's axis): the last one before `time`, else the only
   /// one, else the first one after `time`.
-  static long long calcEditTime(const KelMediaLib::Parameter<double> &parameter,
-                                long long time);
+  static long long calcEditTime(const KelMediaLib::Parameter<double>& parameter, long long time);
 
-private:
+ private:
   typedef boost::shared_ptr<KelMediaLib::Parameter<double>> ParameterPtr;
-  typedef std::map<ParameterPtr, double, boost::owner_less<ParameterPtr>>
-      ValueMap;
+  typedef std::map<ParameterPtr, double, boost::owner_less<ParameterPtr>> ValueMap;
 
   AddActionCmd(boost::shared_ptr<const KelMediaLib::Media> media,
-               boost::shared_ptr<const ActionBin> bin,
-               const ActionDescription &description, long long start,
-               long long duration);
+               boost::shared_ptr<const ActionBin> bin, const ActionDescription& description,
+               long long start, long long duration);
 
-  void storeOrigValues(long long time, ValueMap &values) const;
+  void storeOrigValues(long long time, ValueMap& values) const;
   /// The created action's start in the media's own time.
   long long actionStart() const;
 
@@ -76,4 +73,4 @@ private:
   ValueMap valuesAfter_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -11,16 +11,13 @@
 
 namespace OrvMediaLib {
 
-boost::shared_ptr<AddParameterRangeCmd>
-AddParameterRangeCmd::create(boost::shared_ptr<const Action> action,
-                             boost::shared_ptr<const ParameterRange> range) {
-  return boost::shared_ptr<AddParameterRangeCmd>(
-      new AddParameterRangeCmd(action, range));
+boost::shared_ptr<AddParameterRangeCmd> AddParameterRangeCmd::create(
+    boost::shared_ptr<const Action> action, boost::shared_ptr<const ParameterRange> range) {
+  return boost::shared_ptr<AddParameterRangeCmd>(new AddParameterRangeCmd(action, range));
 }
 
-AddParameterRangeCmd::AddParameterRangeCmd(
-    boost::shared_ptr<const Action> action,
-    boost::shared_ptr<const ParameterRange> range)
+AddParameterRangeCmd::AddParameterRangeCmd(boost::shared_ptr<const Action> action,
+                                           boost::shared_ptr<const ParameterRange> range)
     : action_(action), range_(range), valueBefore_(0.0), valueAfter_(0.0) {
   if (!action_) {
     throw OrvException("AddParameterRangeCmd: no action given");
@@ -30,29 +27,25 @@ AddParameterRangeCmd::AddParameterRangeCmd(
   }
 }
 
-void AddParameterRangeCmd::execute(KelMediaLib::CommandHandler *) {
+void AddParameterRangeCmd::execute(KelMediaLib::CommandHandler*) {
   // The command writes values back on undo and redo: the parameter is the
   // model's, edited here in the command's turn.
-  parameter_ = boost::const_pointer_cast<KelMediaLib::Parameter<double>>(
-      range_->parameter());
+  parameter_ = boost::const_pointer_cast<KelMediaLib::Parameter<double>>(range_->parameter());
   timeRange_ = range_->timeRange();
-  valueBefore_ =
-      parameter_->valueAt(static_cast<double>(action_->timeRange().start));
+  valueBefore_ = parameter_->valueAt(static_cast<double>(action_->timeRange().start));
   orvCommandHandler()->addParameterRange(action_, range_);
-  valueAfter_ =
-      parameter_->valueAt(static_cast<double>(action_->timeRange().start));
+  valueAfter_ = parameter_->valueAt(static_cast<double>(action_->timeRange().start));
 }
 
-void AddParameterRangeCmd::unexecute(KelMediaLib::CommandHandler *) {
+void AddParameterRangeCmd::unexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->removeParameterRange(action_, parameter_, timeRange_);
-  parameter_->setKeyFrameValue(
-      AddActionCmd::calcEditTime(*parameter_, action_->timeRange().start),
-      valueBefore_);
+  parameter_->setKeyFrameValue(AddActionCmd::calcEditTime(*parameter_, action_->timeRange().start),
+                               valueBefore_);
 }
 
-void AddParameterRangeCmd::reexecute(KelMediaLib::CommandHandler *) {
+void AddParameterRangeCmd::reexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->addParameterRange(action_, range_);
   parameter_->setKeyFrameValue(action_->timeRange().start, valueAfter_);
 }
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -7,8 +7,9 @@
 
 namespace KelMediaLib {
 class CommandHandler;
-template <class T> class Parameter;
-} // namespace KelMediaLib
+template <class T>
+class Parameter;
+}  // namespace KelMediaLib
 
 namespace OrvMediaLib {
 
@@ -20,20 +21,19 @@ class ParameterRange;
 /// had at the action's start before; redo adds it again and writes the value
 /// that it had just after. Times are the parameters' axis throughout.
 class AddParameterRangeCmd : public OrvCommandImpl {
-public:
+ public:
   /// Throws `OrvException` on a null action or range.
-  static boost::shared_ptr<AddParameterRangeCmd>
-  create(boost::shared_ptr<const Action> action,
-         boost::shared_ptr<const ParameterRange> range);
+  static boost::shared_ptr<AddParameterRangeCmd> create(
+      boost::shared_ptr<const Action> action, boost::shared_ptr<const ParameterRange> range);
 
-  void execute(KelMediaLib::CommandHandler *handler) override;
-  void unexecute(KelMediaLib::CommandHandler *handler) override;
-  void reexecute(KelMediaLib::CommandHandler *handler) override;
+  void execute(KelMediaLib::CommandHandler* handler) override;
+  void unexecute(KelMediaLib::CommandHandler* handler) override;
+  void reexecute(KelMediaLib::CommandHandler* handler) override;
 
   boost::shared_ptr<const Action> action() const { return action_; }
   boost::shared_ptr<const ParameterRange> range() const { return range_; }
 
-private:
+ private:
   AddParameterRangeCmd(boost::shared_ptr<const Action> action,
                        boost::shared_ptr<const ParameterRange> range);
 
@@ -45,4 +45,4 @@ private:
   double valueAfter_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

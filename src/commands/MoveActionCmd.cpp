@@ -12,32 +12,31 @@ long long negated(long long delta) {
   return static_cast<long long>(0ULL - static_cast<unsigned long long>(delta));
 }
 
-} // namespace
+}  // namespace
 
-boost::shared_ptr<MoveActionCmd>
-MoveActionCmd::create(boost::shared_ptr<const Action> action, long long delta) {
+boost::shared_ptr<MoveActionCmd> MoveActionCmd::create(boost::shared_ptr<const Action> action,
+                                                       long long delta) {
   return boost::shared_ptr<MoveActionCmd>(new MoveActionCmd(action, delta));
 }
 
-MoveActionCmd::MoveActionCmd(boost::shared_ptr<const Action> action,
-                             long long delta)
+MoveActionCmd::MoveActionCmd(boost::shared_ptr<const Action> action, long long delta)
     : action_(action), delta_(delta) {
   if (!action_) {
     throw OrvException("MoveActionCmd: no action given");
   }
 }
 
-void MoveActionCmd::execute(KelMediaLib::CommandHandler *) {
+void MoveActionCmd::execute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->moveAction(action_, delta_);
 }
 
 // Undone by the opposite edit: no position is stored.
-void MoveActionCmd::unexecute(KelMediaLib::CommandHandler *) {
+void MoveActionCmd::unexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->moveAction(action_, negated(delta_));
 }
 
-void MoveActionCmd::reexecute(KelMediaLib::CommandHandler *) {
+void MoveActionCmd::reexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->moveAction(action_, delta_);
 }
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -17,26 +17,25 @@ class ActionBin;
 /// The command keeps the action alive, so that undo puts the same object back
 /// in the bin it came from.
 class RemoveActionCmd : public OrvCommandImpl {
-public:
+ public:
   /// Throws `OrvException` on a null action.
-  static boost::shared_ptr<RemoveActionCmd>
-  create(boost::shared_ptr<const Action> action);
+  static boost::shared_ptr<RemoveActionCmd> create(boost::shared_ptr<const Action> action);
 
   /// Removes the action and notes its bin; redo does the same again.
-  void execute(KelMediaLib::CommandHandler *handler) override;
+  void execute(KelMediaLib::CommandHandler* handler) override;
   /// Adds the action back to the noted bin.
-  void unexecute(KelMediaLib::CommandHandler *handler) override;
-  void reexecute(KelMediaLib::CommandHandler *handler) override;
+  void unexecute(KelMediaLib::CommandHandler* handler) override;
+  void reexecute(KelMediaLib::CommandHandler* handler) override;
 
   boost::shared_ptr<const Action> action() const { return action_; }
   /// The bin that the last `execute` took the action from; null before it.
   boost::shared_ptr<ActionBin> bin() const { return bin_; }
 
-private:
+ private:
   explicit RemoveActionCmd(boost::shared_ptr<const Action> action);
 
   boost::shared_ptr<const Action> action_;
   boost::shared_ptr<ActionBin> bin_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -17,20 +17,19 @@ class ParameterRange;
 /// the action, with their key frames; undo adds `range` back. Unlike
 /// `AddParameterRangeCmd` it writes no values back.
 class RemoveParameterRangeCmd : public OrvCommandImpl {
-public:
+ public:
   /// Throws `OrvException` on a null action or range.
-  static boost::shared_ptr<RemoveParameterRangeCmd>
-  create(boost::shared_ptr<const Action> action,
-         boost::shared_ptr<const ParameterRange> range);
+  static boost::shared_ptr<RemoveParameterRangeCmd> create(
+      boost::shared_ptr<const Action> action, boost::shared_ptr<const ParameterRange> range);
 
-  void execute(KelMediaLib::CommandHandler *handler) override;
-  void unexecute(KelMediaLib::CommandHandler *handler) override;
-  void reexecute(KelMediaLib::CommandHandler *handler) override;
+  void execute(KelMediaLib::CommandHandler* handler) override;
+  void unexecute(KelMediaLib::CommandHandler* handler) override;
+  void reexecute(KelMediaLib::CommandHandler* handler) override;
 
   boost::shared_ptr<const Action> action() const { return action_; }
   boost::shared_ptr<const ParameterRange> range() const { return range_; }
 
-private:
+ private:
   RemoveParameterRangeCmd(boost::shared_ptr<const Action> action,
                           boost::shared_ptr<const ParameterRange> range);
 
@@ -38,4 +37,4 @@ private:
   boost::shared_ptr<const ParameterRange> range_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

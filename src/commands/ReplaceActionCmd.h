@@ -18,20 +18,18 @@ class Action;
 /// `AddParameterRangeCmd`: the range objects are shared with the source, not
 /// copied. One undo gives the target its old ranges back.
 class ReplaceActionCmd : public OrvMultiCommand {
-public:
+ public:
   /// Throws `OrvException` on a null action.
-  static boost::shared_ptr<ReplaceActionCmd>
-  create(boost::shared_ptr<const Action> source,
-         boost::shared_ptr<const Action> target);
+  static boost::shared_ptr<ReplaceActionCmd> create(boost::shared_ptr<const Action> source,
+                                                    boost::shared_ptr<const Action> target);
 
-  void executeCommands(KelMediaLib::CommandHandler const *handler) override;
+  void executeCommands(KelMediaLib::CommandHandler const* handler) override;
 
   boost::shared_ptr<const Action> source() const { return source_; }
   boost::shared_ptr<const Action> target() const { return target_; }
 
-private:
-  ReplaceActionCmd(boost::shared_ptr<const Action> source,
-                   boost::shared_ptr<const Action> target);
+ private:
+  ReplaceActionCmd(boost::shared_ptr<const Action> source, boost::shared_ptr<const Action> target);
 
   void removeOldRanges();
   void addNewRanges();
@@ -40,4 +38,4 @@ private:
   boost::shared_ptr<const Action> target_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -15,25 +15,25 @@ class Action;
 /// Moves the end of an action back by `delta` on its parameters' axis, the
 /// start staying where it is: a positive `delta` shortens the action.
 class TrimActionEndCmd : public OrvCommandImpl {
-public:
+ public:
   /// Trims `delta` (key frame time) off the end of `action`; a negative one
   /// lengthens it. Throws `OrvException` on a null action.
-  static boost::shared_ptr<TrimActionEndCmd>
-  create(boost::shared_ptr<const Action> action, long long delta);
+  static boost::shared_ptr<TrimActionEndCmd> create(boost::shared_ptr<const Action> action,
+                                                    long long delta);
 
-  void execute(KelMediaLib::CommandHandler *handler) override;
+  void execute(KelMediaLib::CommandHandler* handler) override;
   /// The same edit by `-delta`.
-  void unexecute(KelMediaLib::CommandHandler *handler) override;
-  void reexecute(KelMediaLib::CommandHandler *handler) override;
+  void unexecute(KelMediaLib::CommandHandler* handler) override;
+  void reexecute(KelMediaLib::CommandHandler* handler) override;
 
   boost::shared_ptr<const Action> action() const { return action_; }
   long long delta() const { return delta_; }
 
-private:
+ private:
   TrimActionEndCmd(boost::shared_ptr<const Action> action, long long delta);
 
   boost::shared_ptr<const Action> action_;
   long long delta_;
 };
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib

@@ -12,34 +12,31 @@ long long negated(long long delta) {
   return static_cast<long long>(0ULL - static_cast<unsigned long long>(delta));
 }
 
-} // namespace
+}  // namespace
 
-boost::shared_ptr<TrimActionStartCmd>
-TrimActionStartCmd::create(boost::shared_ptr<const Action> action,
-                           long long delta) {
-  return boost::shared_ptr<TrimActionStartCmd>(
-      new TrimActionStartCmd(action, delta));
+boost::shared_ptr<TrimActionStartCmd> TrimActionStartCmd::create(
+    boost::shared_ptr<const Action> action, long long delta) {
+  return boost::shared_ptr<TrimActionStartCmd>(new TrimActionStartCmd(action, delta));
 }
 
-TrimActionStartCmd::TrimActionStartCmd(boost::shared_ptr<const Action> action,
-                                       long long delta)
+TrimActionStartCmd::TrimActionStartCmd(boost::shared_ptr<const Action> action, long long delta)
     : action_(action), delta_(delta) {
   if (!action_) {
     throw OrvException("TrimActionStartCmd: no action given");
   }
 }
 
-void TrimActionStartCmd::execute(KelMediaLib::CommandHandler *) {
+void TrimActionStartCmd::execute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->trimActionStart(action_, delta_);
 }
 
 // Undone by the opposite edit: no position is stored.
-void TrimActionStartCmd::unexecute(KelMediaLib::CommandHandler *) {
+void TrimActionStartCmd::unexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->trimActionStart(action_, negated(delta_));
 }
 
-void TrimActionStartCmd::reexecute(KelMediaLib::CommandHandler *) {
+void TrimActionStartCmd::reexecute(KelMediaLib::CommandHandler*) {
   orvCommandHandler()->trimActionStart(action_, delta_);
 }
 
-} // namespace OrvMediaLib
+}  // namespace OrvMediaLib
