@@ -192,10 +192,13 @@ void ParameterRange::addRangesKeyframes(
   }
 
   if (target->numKeyFrames() == 1) {
+    // The lone key frame is the resting one, normally at 0; one that a user
+    // moved elsewhere gives way all the same.
+    const long long restingTime = target->firstKeyFrameTime();
     const long long leftTime = left->time();
-    target->replaceKeyFrame(0, left);
-    if (leftTime != 0) {
-      target->moveKeyFrame(0, leftTime);
+    target->replaceKeyFrame(restingTime, left);
+    if (leftTime != restingTime) {
+      target->moveKeyFrame(restingTime, leftTime);
     }
     target->addKeyFrame(right);
   } else {
@@ -206,8 +209,8 @@ void ParameterRange::addRangesKeyframes(
   if (interpolaterParameter) {
     const boost::shared_ptr<InterpolaterRange::InterpolaterParameter> companion =
         boost::const_pointer_cast<InterpolaterRange::InterpolaterParameter>(interpolaterParameter);
-    if (companion->numKeyFrames() == 1) {
-      companion->moveKeyFrame(0, -1);
+    if (companion->numKeyFrames() == 1 && companion->firstKeyFrameTime() != -1) {
+      companion->moveKeyFrame(companion->firstKeyFrameTime(), -1);
     }
     companion->addKeyFrame(interpolaterKeyframe);
   }

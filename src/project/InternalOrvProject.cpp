@@ -12,6 +12,7 @@
 #include "edge/EdgeTransitionBin.h"
 #include "media/media/Media.h"
 #include "media/project/InternalProject.h"
+#include "media/project/ProjectWriter.h"
 #include "values/Parameter.h"
 #include "values/ParameterInterface.h"
 
@@ -240,8 +241,12 @@ void InternalOrvProject::xmlAttributes(Options& options) const {
   options.out << "version=\"1.0\"";
 }
 
+const ActionGraveyard& InternalOrvProject::graveyard() const { return *graveyard_; }
+
 void InternalOrvProject::xmlBody(Options& options, int depth) const {
-  project_->toXML(options, depth, "");
+  // Through the writer: it checks what the file can't hold and reads the
+  // inner project under its lock.
+  KelMediaLib::ProjectWriter::writeElement(*project_, options.out, depth);
   actionBin_->toXML(options, depth, " name=\"actionBin\"");
   zdActionBin_->toXML(options, depth, " name=\"zdActionBin\"");
   audioActionBin_->toXML(options, depth, " name=\"audioActionBin\"");

@@ -126,6 +126,9 @@ class InternalOrvProject : public OrvProject,
   /// Moves the action's start `delta` later (negative: earlier).
   void trimActionStart(boost::shared_ptr<const Action> action, long long delta) override;
 
+  /// The actions of media that are off the timeline, for reading.
+  const ActionGraveyard& graveyard() const;
+
   /// The first of `actionBin`, `zdActionBin`, `audioActionBin` that holds
   /// the action; null if none does (an action in the graveyard).
   boost::shared_ptr<ActionBin> actionBinForAction(boost::shared_ptr<const Action> action) const;
