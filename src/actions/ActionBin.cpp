@@ -3,6 +3,7 @@
 #include "actions/CollisionEnforcer.h"
 #include "actions/OrvException.h"
 #include "core/Observer.h"
+#include "core/XMLText.h"
 #include "media/effects/Effect.h"
 #include "media/media/Media.h"
 
@@ -228,6 +229,12 @@ void ActionBin::notifyMedia(const boost::shared_ptr<const Media>& media) const {
 
 void ActionBin::xmlName(Options& options) const {
   options.out << "ActionBin";
+}
+
+void ActionBin::xmlAttributes(Options& options) const {
+  options.out << "id=\"";
+  KelMediaLib::writeXMLValue(options.out, xmlIdent());
+  options.out << '"';
 }
 
 void ActionBin::xmlBody(Options& options, int depth) const {

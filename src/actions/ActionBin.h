@@ -95,11 +95,10 @@ class ActionBin : public KelMediaLib::KelObject,
   void mediaDetach(KelMediaLib::Observer* observer) const;
 
   void xmlName(Options& options) const override;
+  /// `id=".."`: the file requires one on every bin though no reader uses it;
+  /// the bin's name comes as the extra attributes of `toXML`.
+  void xmlAttributes(Options& options) const override;
   void xmlBody(Options& options, int depth) const override;
-
- protected:
-  /// The bin's name comes as the extra attributes of `toXML`.
-  bool xmlHasAttributes() const override { return false; }
 
  private:
   // Orders media by address, and finds them by a raw pointer as well.

@@ -195,7 +195,10 @@ boost::shared_ptr<Action> ActionImpl::createCloneAction(
 }
 
 void ActionImpl::xmlAttributes(Options& options) const {
-  options.out << "timeRange=\"";
+  // The file requires an id on every action, though no reader uses it.
+  options.out << "id=\"";
+  KelMediaLib::writeXMLValue(options.out, xmlIdent());
+  options.out << "\" timeRange=\"";
   KelMediaLib::writeXMLValue(options.out, timeRange());
   options.out << '"';
 }

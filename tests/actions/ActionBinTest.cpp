@@ -95,13 +95,16 @@ TEST(ActionBinTest, WritesEachMediasActionsAndDropsCloneHandlersWhenItGoes) {
   Model model;
   auto bin = ActionBin::create();
   const auto media = model.media();
-  bin->addAction(media, actionAt(model, R(10, 5)));
+  const auto action = actionAt(model, R(10, 5));
+  bin->addAction(media, action);
   std::ostringstream out;
   XMLable::Options options(out);
   bin->toXML(options, 0, " name=\"main\"");
-  EXPECT_EQ("<ActionBin name=\"main\">\n  <MediasActions media=\"" +
-                std::to_string(media->xmlIdent()) +
-                "\">\n    <CenterAction timeRange=\"(10,5)\">\n      <ParameterRanges>\n"
+  EXPECT_EQ("<ActionBin id=\"" + std::to_string(bin->xmlIdent()) +
+                "\" name=\"main\">\n  <MediasActions media=\"" +
+                std::to_string(media->xmlIdent()) + "\">\n    <CenterAction id=\"" +
+                std::to_string(action->xmlIdent()) +
+                "\" timeRange=\"(10,5)\">\n      <ParameterRanges>\n"
                 "      </ParameterRanges>\n    </CenterAction>\n  </MediasActions>\n</ActionBin>\n",
             out.str());
 

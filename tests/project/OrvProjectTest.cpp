@@ -71,14 +71,17 @@ TEST_F(ProjectFixture, XmlWritesTheInnerProjectThenTheThreeNamedBins) {
   XMLable::Options options(out);
   project->toXML(options, 0, "");
   // The inner project, then the bins in order, each with its action; no others.
+  const auto bin = [](const boost::shared_ptr<const ActionBin>& b, const char* name) {
+    return "\n  <ActionBin id=\"" + std::to_string(b->xmlIdent()) + "\" name=\"" + name + "\">";
+  };
   const std::string xml = out.str(),
-                    marks[] = {
-                        "<OrvProject version=\"1.0\">\n  <Project ",
-                        "\n  </Project>\n  <ActionBin name=\"actionBin\">",
-                        "timeRange=\"(100,100)\"",
-                        "\n  <ActionBin name=\"zdActionBin\">",
-                        "timeRange=\"(300,100)\"",
-                        "\n  <ActionBin name=\"audioActionBin\">\n  </ActionBin>\n</OrvProject>\n"};
+                    marks[] = {"<OrvProject version=\"1.0\">\n  <Project ",
+                               "\n  </Project>" + bin(project->actionBin(), "actionBin"),
+                               "timeRange=\"(100,100)\"",
+                               bin(project->zdActionBin(), "zdActionBin"),
+                               "timeRange=\"(300,100)\"",
+                               bin(project->audioActionBin(), "audioActionBin") +
+                                   "\n  </ActionBin>\n</OrvProject>\n"};
   std::size_t at = 0;
   for (const std::string& mark : marks) {
     at = xml.find(mark, at);
