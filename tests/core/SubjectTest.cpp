@@ -62,32 +62,37 @@ TEST_F(SubjectTest, NotifiesInOrderOfAttachmentAndIgnoresASecondAttach) {
   EXPECT_EQ((Names{"a", "c"}), log);
 }
 
-TEST_F(SubjectTest, ObserverThatDetachesItselfIsCalledOnce) {
-  subject.attach(&a);
-  subject.attach(&b);
-  a.onUpdate = [this] { subject.detach(&a); };
-  subject.notify();
-  subject.notify();
-  EXPECT_EQ((Names{"a", "b", "b"}), log);
-}
-
-TEST_F(SubjectTest, ObserverDetachedByAnEarlierOneIsNotCalled) {
-  subject.attach(&a);
-  subject.attach(&b);
-  subject.attach(&c);
-  a.onUpdate = [this] { subject.detach(&b); };
-  subject.notify();
-  EXPECT_EQ((Names{"a", "c"}), log);
-  EXPECT_EQ(2u, subject.numObservers());
-}
-
-TEST_F(SubjectTest, ObserverAttachedDuringNotificationIsCalledFromTheNextOne) {
-  subject.attach(&a);
-  a.onUpdate = [this] { subject.attach(&b); };
-  subject.notify();
-  EXPECT_EQ((Names{"a"}), log);
-  subject.notify();
-  EXPECT_EQ((Names{"a", "a", "b"}), log);
+// What a, the first of a, b and c, does inside a notification, and whom the
+// notification and the one after it reach.
+TEST_F(SubjectTest, ChangesDuringANotification) {
+  const struct {
+    const char* what;
+    void (Subject::*change)(Observer*) const;
+    int target;  // 0 a, 1 b
+    Names log;
+  } cases[] = {
+      {"a detaches itself", &Subject::detach, 0, {"a", "b", "c", "b", "c"}},
+      {"a detaches b", &Subject::detach, 1, {"a", "c", "a", "c"}},
+      {"a attaches b", &Subject::attach, 1, {"a", "c", "a", "c", "b"}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.what);
+    Subject notifier;
+    log.clear();
+    notifier.attach(&a);
+    if (row.change == &Subject::detach) notifier.attach(&b);
+    notifier.attach(&c);
+    ScriptedObserver* target = row.target ? &b : &a;
+    bool once = true;
+    a.onUpdate = [&] {
+      if (once) (notifier.*row.change)(target);
+      once = false;
+    };
+    notifier.notify();
+    notifier.notify();
+    EXPECT_EQ(row.log, log);
+  }
+  a.onUpdate = nullptr;
 }
 
 TEST_F(SubjectTest, NestedNotificationCallsEveryoneAndDetachReachesTheOuterOne) {
