@@ -94,18 +94,6 @@ TYPED_TEST(SetAttributeValueCmdTest, WritesThenNotifiesOncePerStep) {
   attribute->detach(&log);
 }
 
-TEST(AttributeTest, WritesItsIdentNameAndEscapedValue) {
-  Attribute<std::string> title("say \"hi\"", "a<b & c>d");
-  EXPECT_EQ("<Attribute id=\"" + std::to_string(title.xmlIdent()) +
-                "\" name=\"say &quot;hi&quot;\" value=\"a&lt;b &amp; c&gt;d\"/>\n",
-            xmlOf(title));
-  Attribute<double> width("width", 0.1);
-  EXPECT_EQ(
-      "<Attribute id=\"" + std::to_string(width.xmlIdent()) + "\" name=\"width\" value=\"0.1\"/>\n",
-      xmlOf(width));
-  EXPECT_NE(title.xmlIdent(), width.xmlIdent());
-}
-
 TEST(AttributeTest, ReadersOnOtherThreadsSeeWholeValues) {
   const std::string shortText = "short";
   const std::string longText(200, 'x');

@@ -45,12 +45,12 @@ class RecordingDispatcher : public ParameterDispatcher {
   void receive(const boost::shared_ptr<Parameter<std::vector<Rect<float>>>>& p) override {
     note("Rects", p.get());
   }
-  void receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<double>>>>& p)
-      override {
+  void receive(
+      const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<double>>>>& p) override {
     note("Interpolater<double>", p.get());
   }
-  void receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Point>>>>& p)
-      override {
+  void receive(
+      const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Point>>>>& p) override {
     note("Interpolater<Point>", p.get());
   }
 

@@ -45,16 +45,9 @@ class ParameterIteratorTest : public ::testing::Test {
   boost::shared_ptr<Parameter<double>> opacity = Parameter<double>::create(project, "opacity", 1.0);
 };
 
-TEST_F(ParameterIteratorTest, ALoneKeyFrameIsVisitedOnce) {
-  ParameterIterator<double> it = opacity->begin();
-  EXPECT_EQ(0, it.time);
-  EXPECT_EQ(opacity.get(), it.parameter);
-  EXPECT_EQ(kMaxTime, opacity->end().time);
-  EXPECT_TRUE(++it == opacity->end());
-  EXPECT_EQ((Visits{{0, 1.0}}), visit(*opacity));
-}
-
 TEST_F(ParameterIteratorTest, VisitsEveryKeyFrameInTimeOrder) {
+  EXPECT_EQ((Visits{{0, 1.0}}), visit(*opacity));
+  EXPECT_EQ(kMaxTime, opacity->end().time);
   opacity->addKeyFrame(10, 0.5);
   opacity->addKeyFrame(-5, 0.25);
   EXPECT_EQ((Visits{{-5, 0.25}, {0, 1.0}, {10, 0.5}}), visit(*opacity));
@@ -65,7 +58,6 @@ TEST_F(ParameterIteratorTest, VisitsEveryKeyFrameInTimeOrder) {
 
   // Iterators of two parameters never meet, even at the same time.
   EXPECT_TRUE(opacity->end() != scale->end());
-  EXPECT_TRUE(opacity->end() == opacity->end());
 }
 
 TEST_F(ParameterIteratorTest, ArrowGivesANewPairOwnedByTheIteratorEachTime) {
@@ -87,18 +79,6 @@ TEST_F(ParameterIteratorTest, ArrowGivesANewPairOwnedByTheIteratorEachTime) {
   EXPECT_EQ(0.5, it->second);
   EXPECT_EQ(10, first->first);
   EXPECT_EQ(0.5, second->second);
-}
-
-TEST_F(ParameterIteratorTest, CopiesShareTheLockAndEachBeginTakesItsOwn) {
-  const ParameterIterator<double> it = opacity->begin();
-  ASSERT_TRUE(it.lock);
-  const ParameterIterator<double> copy(it);
-  EXPECT_EQ(it.lock, copy.lock);
-  ParameterIterator<double> assigned = opacity->end();
-  assigned = it;
-  EXPECT_EQ(it.lock, assigned.lock);
-  EXPECT_TRUE(assigned == it);
-  EXPECT_NE(it.lock, opacity->begin().lock);
 }
 
 TEST_F(ParameterIteratorTest, TheIteratingThreadMayEditAndWrite) {

@@ -52,9 +52,9 @@ TEST_F(ParametricTest, FindsPlainParametersAndVectorMembersByName) {
     const char* name;
     Param expected;
   } cases[] = {
-      {"opacity", opacity},  {"text", text},       {"scale0", scale->at(0)},
+      {"opacity", opacity},     {"text", text},     {"scale0", scale->at(0)},
       {"scale2", scale->at(2)}, {"scale", Param()}, {"scale3", Param()},
-      {"Opacity", Param()},  {"", Param()},        {"interpolater", Param()},
+      {"Opacity", Param()},     {"", Param()},      {"interpolater", Param()},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(c.expected, owner.parameterNamed(c.name)) << c.name;

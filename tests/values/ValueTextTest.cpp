@@ -1,6 +1,7 @@
 #include "values/AudioPosition.h"
 #include "values/Color.h"
 #include "values/Point.h"
+#include "values/Range.h"
 #include "values/Rect.h"
 #include "values/TransformMatrix.h"
 
@@ -39,6 +40,8 @@ TEST(ValueTextTest, AwkwardNumbersRoundTrip) {
     matrix.m[i / 4][i % 4] = 0.1 * i - 1e-300;
   }
   expectRoundTrip(matrix);
+  expectRoundTrip(Range<double>(0.1, 1e-300));
+  expectRoundTrip(Rect<double>(0.1, -2.5, 1e-300, 3));
   expectRoundTrip(std::vector<Rect<float>>());
   expectRoundTrip(std::vector<Rect<float>>{Rect<float>(0.1f, 2, 3, 4)});
   expectRoundTrip(
@@ -51,6 +54,8 @@ TEST(ValueTextTest, WrittenForms) {
   EXPECT_EQ(boost::lexical_cast<std::string>(AudioPosition(-1, 0.25)), "(-1,0.25)");
   EXPECT_EQ(boost::lexical_cast<std::string>(TransformMatrix::identity()),
             "(1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1)");
+  EXPECT_EQ(boost::lexical_cast<std::string>(Rect<double>(0.1, -2.5, 1e-300, 3)),
+            "(0.1,-2.5,1e-300,3)");
   EXPECT_EQ(boost::lexical_cast<std::string>(std::vector<Rect<float>>()), "[]");
   EXPECT_EQ(boost::lexical_cast<std::string>(
                 std::vector<Rect<float>>{Rect<float>(1, 2, 3, 4), Rect<float>(5, 6, 7, 8)}),

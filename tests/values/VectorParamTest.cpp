@@ -14,7 +14,6 @@ using KelMediaLib::KelMediaLibException;
 using KelMediaLib::ThreadSafe;
 using KelMediaLib::VectorParam;
 using parameterTests::keyFrameText;
-using parameterTests::xmlOf;
 
 namespace {
 
@@ -66,24 +65,6 @@ TEST_F(VectorParamTest, CopiesMemberByMemberAndRefusesAnotherDimension) {
   const auto wider = VectorParam::create(project, "scale", {5, 5, 5});
   EXPECT_THROW(target->copyKeyFramesFrom(*wider), KelMediaLibException);
   EXPECT_EQ("0=2 10=4 ", keyFrameText(*target->at(1)));
-}
-
-TEST_F(VectorParamTest, WritesItsMembersByIdentAlone) {
-  const auto shear = VectorParam::create(project, "shear", {0, 0.5});
-  auto member = [&](int i) {
-    const auto m = shear->at(i);
-    return "  <InterpolatingParam id=\"" + std::to_string(m->xmlIdent()) + "\">\n" +
-           "    <Parameters>\n" + "      <Parameter id=\"" +
-           std::to_string(m->interpolaterParameter()->xmlIdent()) +
-           "\" name=\"interpolater\">\n" + "        <Keyframes>\n" +
-           "          <Keyframe time=\"0\" value=\"linr\"/>\n" + "        </Keyframes>\n" +
-           "      </Parameter>\n" + "    </Parameters>\n" + "    <Keyframes>\n" +
-           "      <Keyframe time=\"0\" value=\"" + (i ? "0.5" : "0") + "\"/>\n" +
-           "    </Keyframes>\n" + "  </InterpolatingParam>\n";
-  };
-  EXPECT_EQ("<VectorParam id=\"" + std::to_string(shear->xmlIdent()) + "\" name=\"shear\">\n" +
-                member(0) + member(1) + "</VectorParam>\n",
-            xmlOf(*shear));
 }
 
 }  // namespace
