@@ -70,73 +70,59 @@ struct Case {
   MakeCommand make;
 };
 
-std::string stillPicture() { return ORV_TEST_DATA_DIR "/still.png"; }
+std::string stillPicture() {
+  return ORV_TEST_DATA_DIR "/still.png";
+}
+
+// A named case whose command the expression makes from the test `t`.
+// clang-format off
+#define CASE(name, ...) \
+  Case{#name, [](CommandTest& t [[maybe_unused]]) -> boost::shared_ptr<Command> { \
+    return __VA_ARGS__; }}
+// clang-format on
 
 const std::vector<Case>& commandCases() {
   static const std::vector<Case> cases = {
-      {"AddMedia",
-       [](CommandTest& t) {
-         return AddMediaCmd::create(t.images, TextBox::create("hello", 60, 200, 50, t.weak()), 300);
-       }},
-      {"RemoveMediaWithLinks",
-       [](CommandTest& t) { return RemoveMediaCmd::create(t.video, t.first); }},
-      {"RemoveOneMedia",
-       [](CommandTest& t) { return RemoveMediaCmd::create(t.video, t.first, 500); }},
-      {"MoveLater", [](CommandTest& t) { return MoveMediaCmd::create(t.video, t.first, 900); }},
-      {"MoveEarlier", [](CommandTest& t) { return MoveMediaCmd::create(t.video, t.second, -700); }},
-      {"TrimStart", [](CommandTest& t) { return TrimStartCmd::create(t.video, t.first, 30); }},
-      {"ExtendStart", [](CommandTest& t) { return TrimStartCmd::create(t.video, t.first, -80); }},
-      {"TrimEnd", [](CommandTest& t) { return TrimEndCmd::create(t.video, t.first, 50); }},
-      {"ExtendEnd", [](CommandTest& t) { return TrimEndCmd::create(t.video, t.first, -40); }},
-      {"StretchSlower", [](CommandTest& t) { return StretchCmd::create(t.video, t.second, 2.0); }},
-      {"StretchFaster", [](CommandTest& t) { return StretchCmd::create(t.video, t.second, 0.5); }},
-      {"Split", [](CommandTest& t) { return SplitMediaCmd::create(t.video, t.first, 620); }},
-      {"Link", [](CommandTest& t) { return LinkCmd::create(t.second, t.picture); }},
-      {"Unlink", [](CommandTest& t) { return UnlinkCmd::create(t.voice, t.first); }},
-      {"AddEffect",
-       [](CommandTest& t) {
-         return AddEffectCmd::create(t.second, GenericEffect::create("ColorAdjust", t.weak()));
-       }},
-      {"InsertEffect",
-       [](CommandTest& t) {
-         return InsertEffectCmd::create(t.first, GenericEffect::create("ColorAdjust", t.weak()), 1);
-       }},
-      {"RemoveEffect",
-       [](CommandTest& t) { return RemoveEffectCmd::create(t.first, t.first->effectAt(0)); }},
-      {"SwapEffects", [](CommandTest& t) { return SwapEffectsCmd::create(t.first, 0, 1); }},
-      {"NewVisualMixer", [](CommandTest&) { return NewVisualMixerCmd::create(1280, 720); }},
-      {"NewAudioMixer", [](CommandTest&) { return NewAudioMixerCmd::create(48000, 24, 6); }},
-      {"NewVisualTrack", [](CommandTest&) { return NewVisualTrackCmd::create(0); }},
-      {"NewImageTrack", [](CommandTest&) { return NewImageTrackCmd::create(1); }},
-      {"NewAudioTrack", [](CommandTest&) { return NewAudioTrackCmd::create(-1); }},
-      {"RemoveTrackWithMedia", [](CommandTest& t) { return RemoveTrackCmd::create(t.video); }},
-      {"SwapTracks",
-       [](CommandTest& t) {
-         return SwapTracksCmd::create(t.project->visualMixer(), t.video, t.images);
-       }},
-      {"MoveKeyFrame",
-       [](CommandTest& t) {
-         return MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 230);
-       }},
-      {"LoadSource", [](CommandTest&) { return LoadSourceCmd::create(stillPicture()); }},
-      {"UnloadSource", [](CommandTest& t) { return UnloadSourceCmd::create(t.source); }},
-      {"AddLeftEdgeMod",
-       [](CommandTest& t) {
-         return AddLeftEdgeModCmd::create(t.second,
-                                          EdgeModification(t.second->opacity(), FadeInFunc()));
-       }},
-      {"AddRightEdgeMod",
-       [](CommandTest& t) {
-         return AddRightEdgeModCmd::create(t.first, EdgeModification(nullptr, FadeOutFunc()));
-       }},
-      {"LengthenLeftEdge", [](CommandTest& t) { return MoveLeftEdgeModCmd::create(t.first, 15); }},
-      {"ShortenLeftEdge", [](CommandTest& t) { return MoveLeftEdgeModCmd::create(t.first, -20); }},
-      {"LengthenRightEdge",
-       [](CommandTest& t) { return MoveRightEdgeModCmd::create(t.first, 25); }},
-      {"RemoveLeftEdgeMods",
-       [](CommandTest& t) { return RemoveLeftEdgeModCmd::create(t.first, t.first->opacity()); }},
-      {"RemoveRightEdgeMods",
-       [](CommandTest& t) { return RemoveRightEdgeModCmd::create(t.first, t.first->opacity()); }},
+      CASE(AddMedia,
+           AddMediaCmd::create(t.images, TextBox::create("hello", 60, 200, 50, t.weak()), 300)),
+      CASE(RemoveMediaWithLinks, RemoveMediaCmd::create(t.video, t.first)),
+      CASE(RemoveOneMedia, RemoveMediaCmd::create(t.video, t.first, 500)),
+      CASE(MoveLater, MoveMediaCmd::create(t.video, t.first, 900)),
+      CASE(MoveEarlier, MoveMediaCmd::create(t.video, t.second, -700)),
+      CASE(TrimStart, TrimStartCmd::create(t.video, t.first, 30)),
+      CASE(ExtendStart, TrimStartCmd::create(t.video, t.first, -80)),
+      CASE(TrimEnd, TrimEndCmd::create(t.video, t.first, 50)),
+      CASE(ExtendEnd, TrimEndCmd::create(t.video, t.first, -40)),
+      CASE(StretchSlower, StretchCmd::create(t.video, t.second, 2.0)),
+      CASE(StretchFaster, StretchCmd::create(t.video, t.second, 0.5)),
+      CASE(Split, SplitMediaCmd::create(t.video, t.first, 620)),
+      CASE(Link, LinkCmd::create(t.second, t.picture)),
+      CASE(Unlink, UnlinkCmd::create(t.voice, t.first)),
+      CASE(AddEffect,
+           AddEffectCmd::create(t.second, GenericEffect::create("ColorAdjust", t.weak()))),
+      CASE(InsertEffect,
+           InsertEffectCmd::create(t.first, GenericEffect::create("ColorAdjust", t.weak()), 1)),
+      CASE(RemoveEffect, RemoveEffectCmd::create(t.first, t.first->effectAt(0))),
+      CASE(SwapEffects, SwapEffectsCmd::create(t.first, 0, 1)),
+      CASE(NewVisualMixer, NewVisualMixerCmd::create(1280, 720)),
+      CASE(NewAudioMixer, NewAudioMixerCmd::create(48000, 24, 6)),
+      CASE(NewVisualTrack, NewVisualTrackCmd::create(0)),
+      CASE(NewImageTrack, NewImageTrackCmd::create(1)),
+      CASE(NewAudioTrack, NewAudioTrackCmd::create(-1)),
+      CASE(RemoveTrackWithMedia, RemoveTrackCmd::create(t.video)),
+      CASE(SwapTracks, SwapTracksCmd::create(t.project->visualMixer(), t.video, t.images)),
+      CASE(MoveKeyFrame, MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 230)),
+      CASE(LoadSource, LoadSourceCmd::create(stillPicture())),
+      CASE(UnloadSource, UnloadSourceCmd::create(t.source)),
+      CASE(AddLeftEdgeMod, AddLeftEdgeModCmd::create(
+                               t.second, EdgeModification(t.second->opacity(), FadeInFunc()))),
+      CASE(AddRightEdgeMod,
+           AddRightEdgeModCmd::create(t.first, EdgeModification(nullptr, FadeOutFunc()))),
+      CASE(LengthenLeftEdge, MoveLeftEdgeModCmd::create(t.first, 15)),
+      CASE(ShortenLeftEdge, MoveLeftEdgeModCmd::create(t.first, -20)),
+      CASE(LengthenRightEdge, MoveRightEdgeModCmd::create(t.first, 25)),
+      CASE(RemoveLeftEdgeMods, RemoveLeftEdgeModCmd::create(t.first, t.first->opacity())),
+      CASE(RemoveRightEdgeMods, RemoveRightEdgeModCmd::create(t.first, t.first->opacity())),
   };
   return cases;
 }
@@ -167,11 +153,9 @@ INSTANTIATE_TEST_SUITE_P(Commands, EveryCommand, ::testing::ValuesIn(commandCase
 
 const std::vector<Case>& misuseCases() {
   static const std::vector<Case> cases = {
-      {"MediaAddedTwice", [](CommandTest& t) { return AddMediaCmd::create(t.video2, t.first, 0); }},
-      {"RemovedFromAnotherTrack",
-       [](CommandTest& t) { return RemoveMediaCmd::create(t.video2, t.first); }},
-      {"RemovedAtAWrongTime",
-       [](CommandTest& t) { return RemoveMediaCmd::create(t.video, t.first, 501); }},
+      CASE(MediaAddedTwice, AddMediaCmd::create(t.video2, t.first, 0)),
+      CASE(RemovedFromAnotherTrack, RemoveMediaCmd::create(t.video2, t.first)),
+      CASE(RemovedAtAWrongTime, RemoveMediaCmd::create(t.video, t.first, 501)),
       {"TrackOfAnotherProject",
        [](CommandTest& t) {
          const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
@@ -180,51 +164,29 @@ const std::vector<Case>& misuseCases() {
          t.keepAlive = other;
          return AddMediaCmd::create(track, t.clip(0, 10), 0);
        }},
-      {"WrongKindOfTrack",
-       [](CommandTest& t) { return AddMediaCmd::create(t.audio, t.clip(0, 10), 0); }},
-      {"NegativeTime",
-       [](CommandTest& t) { return AddMediaCmd::create(t.video2, t.clip(0, 10), -1); }},
-      {"MoveBeforeZero",
-       [](CommandTest& t) { return MoveMediaCmd::create(t.video, t.first, -501); }},
-      {"ExtendStartBeyondSource",
-       [](CommandTest& t) { return TrimStartCmd::create(t.video, t.first, -101); }},
-      {"TrimStartBeyondMedia",
-       [](CommandTest& t) { return TrimStartCmd::create(t.video, t.first, 301); }},
-      {"TrimEndBeyondMedia",
-       [](CommandTest& t) { return TrimEndCmd::create(t.video, t.first, 301); }},
-      {"ExtendEndBeyondSource",
-       [](CommandTest& t) { return TrimEndCmd::create(t.video, t.first, -9601); }},
-      {"StretchToZero", [](CommandTest& t) { return StretchCmd::create(t.video, t.first, 0.0); }},
-      {"SplitAtTheStart",
-       [](CommandTest& t) { return SplitMediaCmd::create(t.video, t.first, 500); }},
-      {"SplitOnAnotherTrack",
-       [](CommandTest& t) { return SplitMediaCmd::create(t.video2, t.first, 600); }},
-      {"LinkedTwice", [](CommandTest& t) { return LinkCmd::create(t.voice, t.first); }},
-      {"LinkedToItself", [](CommandTest& t) { return LinkCmd::create(t.first, t.first); }},
-      {"UnlinkNotLinked", [](CommandTest& t) { return UnlinkCmd::create(t.first, t.second); }},
-      {"EffectHeldAlready",
-       [](CommandTest& t) { return AddEffectCmd::create(t.second, t.first->effectAt(0)); }},
-      {"RemoveEffectNotThere",
-       [](CommandTest& t) { return RemoveEffectCmd::create(t.second, t.first->effectAt(0)); }},
-      {"SwapEffectOutOfRange",
-       [](CommandTest& t) { return SwapEffectsCmd::create(t.first, 0, 2); }},
-      {"KeyFrameOntoAnother",
-       [](CommandTest& t) {
-         return MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 250);
-       }},
-      {"KeyFrameOfAnotherMedia",
-       [](CommandTest& t) {
-         return MoveParameterKeyFrameCmd::create(t.second, t.first->opacity(), 200, 210);
-       }},
-      {"NegativeMixerSize", [](CommandTest&) { return NewVisualMixerCmd::create(-1, 480); }},
-      {"TrackIndexBelowMinusOne", [](CommandTest&) { return NewVisualTrackCmd::create(-2); }},
-      {"SwapWithTrackOfOtherMixer",
-       [](CommandTest& t) {
-         return SwapTracksCmd::create(t.project->visualMixer(), t.video, t.audio);
-       }},
-      {"EdgeShorterThanNothing",
-       [](CommandTest& t) { return MoveLeftEdgeModCmd::create(t.first, -21); }},
-      {"LoadMissingFile", [](CommandTest&) { return LoadSourceCmd::create("/no/such/file.mov"); }},
+      CASE(WrongKindOfTrack, AddMediaCmd::create(t.audio, t.clip(0, 10), 0)),
+      CASE(NegativeTime, AddMediaCmd::create(t.video2, t.clip(0, 10), -1)),
+      CASE(MoveBeforeZero, MoveMediaCmd::create(t.video, t.first, -501)),
+      CASE(ExtendStartBeyondSource, TrimStartCmd::create(t.video, t.first, -101)),
+      CASE(TrimStartBeyondMedia, TrimStartCmd::create(t.video, t.first, 301)),
+      CASE(TrimEndBeyondMedia, TrimEndCmd::create(t.video, t.first, 301)),
+      CASE(ExtendEndBeyondSource, TrimEndCmd::create(t.video, t.first, -9601)),
+      CASE(StretchToZero, StretchCmd::create(t.video, t.first, 0.0)),
+      CASE(SplitAtTheStart, SplitMediaCmd::create(t.video, t.first, 500)),
+      CASE(SplitOnAnotherTrack, SplitMediaCmd::create(t.video2, t.first, 600)),
+      CASE(LinkedTwice, LinkCmd::create(t.voice, t.first)),
+      CASE(LinkedToItself, LinkCmd::create(t.first, t.first)),
+      CASE(UnlinkNotLinked, UnlinkCmd::create(t.first, t.second)),
+      CASE(EffectHeldAlready, AddEffectCmd::create(t.second, t.first->effectAt(0))),
+      CASE(RemoveEffectNotThere, RemoveEffectCmd::create(t.second, t.first->effectAt(0))),
+      CASE(SwapEffectOutOfRange, SwapEffectsCmd::create(t.first, 0, 2)),
+      CASE(KeyFrameOntoAnother, MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 250)),
+      CASE(KeyFrameOfAnotherMedia, MoveParameterKeyFrameCmd::create(t.second, t.first->opacity(), 200, 210)),
+      CASE(NegativeMixerSize, NewVisualMixerCmd::create(-1, 480)),
+      CASE(TrackIndexBelowMinusOne, NewVisualTrackCmd::create(-2)),
+      CASE(SwapWithTrackOfOtherMixer, SwapTracksCmd::create(t.project->visualMixer(), t.video, t.audio)),
+      CASE(EdgeShorterThanNothing, MoveLeftEdgeModCmd::create(t.first, -21)),
+      CASE(LoadMissingFile, LoadSourceCmd::create("/no/such/file.mov")),
       {"UnloadTwice",
        [](CommandTest& t) {
          t.project->execute(UnloadSourceCmd::create(t.source));

@@ -99,21 +99,6 @@ TEST_F(EditingTest, SplitClonesThroughTheDecoratorAndUndoRestoresTheOriginal) {
   EXPECT_EQ(1u, calls.size());
 }
 
-TEST_F(EditingTest, RemovingATrackTakesItsMediaAndKeepsTheirOrder) {
-  const auto a = add(video, clip(0, 10), 100);
-  const auto b = add(video, clip(20, 10), 100);
-  add(video, clip(40, 10), 50);
-  const auto voice = add(audio, sound(0, 10), 100);
-  run(LinkCmd::create(a, voice));
-  const std::string before = snapshot();
-  run(RemoveTrackCmd::create(video));
-  EXPECT_EQ(-1, project->visualMixer()->indexOfTrack(video.get()));
-  EXPECT_EQ(audio, voice->parent());
-  project->undo();
-  EXPECT_EQ(before, snapshot());
-  EXPECT_EQ(b, video->medias().back());
-}
-
 // Random edits, some refused, then everything undone and redone: the model
 // comes back to the start and to the end exactly, at any speed and with
 // several links per media.
@@ -163,8 +148,8 @@ TEST_F(EditingTest, ARandomEditSessionUndoesAndRedoesExactly) {
         command = TrimEndCmd::create(track, media, between(-300, 300));
         break;
       case 5:
-        command = StretchCmd::create(
-            track, media, std::uniform_real_distribution<double>(0.1, 4.0)(random));
+        command = StretchCmd::create(track, media,
+                                     std::uniform_real_distribution<double>(0.1, 4.0)(random));
         break;
       case 6:
         command = SplitMediaCmd::create(
@@ -175,8 +160,8 @@ TEST_F(EditingTest, ARandomEditSessionUndoesAndRedoesExactly) {
         if (media->links().size() < 3 || pick(2) == 0) {
           command = LinkCmd::create(media, other);
         } else {
-          command = UnlinkCmd::create(
-              media, media->links()[static_cast<std::size_t>(pick(3))].lock());
+          command =
+              UnlinkCmd::create(media, media->links()[static_cast<std::size_t>(pick(3))].lock());
         }
         break;
       }

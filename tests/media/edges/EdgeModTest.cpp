@@ -72,8 +72,10 @@ TEST(EdgeModFuncTest, ElementsOfTheFileFormat) {
       {xmlOf(MixerXSlideInFunc()), "<MixerXSlideIn/>\n"},
       {xmlOf(MixerXSlideOutFunc()), "<MixerXSlideOut/>\n"},
       {xmlOf(MixerYSlideOutFunc()), "<MixerYSlideOut/>\n"},
-      {xmlOf(slide), "<MixerYSlideIn id=\"" + std::to_string(slide.xmlIdent()) + "\" angle=\"12.5\"/>\n"},
-      {xmlOf(rotate), "<Rotate id=\"" + std::to_string(rotate.xmlIdent()) + "\" numRotations=\"3\"/>\n"},
+      {xmlOf(slide),
+       "<MixerYSlideIn id=\"" + std::to_string(slide.xmlIdent()) + "\" angle=\"12.5\"/>\n"},
+      {xmlOf(rotate),
+       "<Rotate id=\"" + std::to_string(rotate.xmlIdent()) + "\" numRotations=\"3\"/>\n"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(c.second, c.first);
@@ -89,7 +91,8 @@ TEST(EdgeModFuncTest, ElementsOfTheFileFormat) {
 
 TEST(EdgeModificationTest, OwnsACopyOfItsFunctionAndWritesItsParameter) {
   mediatest::Project p;
-  const boost::shared_ptr<VMFile> media = VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
+  const boost::shared_ptr<VMFile> media =
+      VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
   const RotateFunc rotate(1);
   const EdgeModification modification(media->opacity(), rotate);
   EXPECT_NE(&rotate, &modification.function());
@@ -97,19 +100,23 @@ TEST(EdgeModificationTest, OwnsACopyOfItsFunctionAndWritesItsParameter) {
   const EdgeModification copy(modification);
   EXPECT_NE(&modification.function(), &copy.function());
   EXPECT_EQ(360.0, copy.function().apply(0.0, 1.0));
-  EXPECT_EQ("<EdgeMod parameter=\"" + std::to_string(media->opacity()->xmlIdent()) +
-                "\">\n  <Rotate id=\"" +
-                std::to_string(dynamic_cast<const RotateFunc&>(modification.function()).xmlIdent()) +
-                "\" numRotations=\"1\"/>\n</EdgeMod>\n",
-            xmlOf(modification));
+  EXPECT_EQ(
+      "<EdgeMod parameter=\"" + std::to_string(media->opacity()->xmlIdent()) +
+          "\">\n  <Rotate id=\"" +
+          std::to_string(dynamic_cast<const RotateFunc&>(modification.function()).xmlIdent()) +
+          "\" numRotations=\"1\"/>\n</EdgeMod>\n",
+      xmlOf(modification));
   EXPECT_EQ("<EdgeMod parameter=\"0\">\n  <FadeInFunc/>\n</EdgeMod>\n",
             xmlOf(EdgeModification(boost::shared_ptr<const Parameter<double>>(), FadeInFunc())));
 }
 
 TEST(EdgeModifiableTest, ListsAndLengthsOfBothEdges) {
   mediatest::Project p;
-  const boost::shared_ptr<VMFile> media = VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
-  const auto mod = [&] { return boost::make_shared<EdgeModification>(media->opacity(), FadeInFunc()); };
+  const boost::shared_ptr<VMFile> media =
+      VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
+  const auto mod = [&] {
+    return boost::make_shared<EdgeModification>(media->opacity(), FadeInFunc());
+  };
   const auto a = mod(), b = mod(), c = mod();
   media->insertLeftEdgeModification(a, -1);
   media->insertLeftEdgeModification(b, 0);
@@ -118,7 +125,8 @@ TEST(EdgeModifiableTest, ListsAndLengthsOfBothEdges) {
             media->leftEdgeModifications());
   EXPECT_TRUE(media->rightEdgeModifications().empty());
   EXPECT_EQ(a, media->removeLeftEdgeModification(1));
-  EXPECT_EQ((std::vector<boost::shared_ptr<const EdgeModification>>{b, c}), media->leftEdgeModifications());
+  EXPECT_EQ((std::vector<boost::shared_ptr<const EdgeModification>>{b, c}),
+            media->leftEdgeModifications());
 
   mediatest::CountingObserver observer;
   media->attach(&observer);

@@ -25,7 +25,8 @@ struct MediaTimeTest : ::testing::Test {
 
   // Shows (30,100) of the source's video track, placed at 10.
   boost::shared_ptr<VMFile> video(double scalar = 1.0) {
-    const boost::shared_ptr<VMFile> media = VMFile::create(R(30, 100), project.lock, project.source, 0);
+    const boost::shared_ptr<VMFile> media =
+        VMFile::create(R(30, 100), project.lock, project.source, 0);
     media->setStart(10);
     media->setScalar(scalar);
     return media;
@@ -172,11 +173,19 @@ TEST_F(MediaTimeTest, ScaleAndScalarRoundTheDuration) {
   };
   const Case cases[] = {
       {[](Media& m) { m.scale(1.5); }, 1.5, 150},
-      {[](Media& m) { m.scale(1.5); m.scale(2.0); }, 3.0, 300},
+      {[](Media& m) {
+         m.scale(1.5);
+         m.scale(2.0);
+       },
+       3.0, 300},
       {[](Media& m) { m.setScalar(0.25); }, 0.25, 25},
       {[](Media& m) { m.setScalar(1.0 / 3.0); }, 1.0 / 3.0, 33},
       {[](Media& m) { m.setScalar(0.005); }, 0.005, 1},
-      {[](Media& m) { m.setScalar(4.0); m.setScalar(1.0); }, 1.0, 100},
+      {[](Media& m) {
+         m.setScalar(4.0);
+         m.setScalar(1.0);
+       },
+       1.0, 100},
   };
   for (const Case& c : cases) {
     const boost::shared_ptr<VMFile> media = video();
@@ -209,7 +218,8 @@ TEST_F(MediaTimeTest, EachChangeOfRangeEdgesOrEffectsNotifiesOnce) {
        }},
       {"left remove", [&] { media->removeLeftEdgeModification(0); }},
       {"right remove", [&] { media->removeRightEdgeModification(0); }},
-      {"insert effect", [&] { media->insertEffect(GenericEffect::create("Blur", project.lock), -1); }},
+      {"insert effect",
+       [&] { media->insertEffect(GenericEffect::create("Blur", project.lock), -1); }},
       {"insert second effect",
        [&] { media->insertEffect(GenericEffect::create("DropShadow", project.lock), 0); }},
       {"swap effects", [&] { media->swapEffects(0, 1); }},
