@@ -26,14 +26,6 @@ TEST(OrvProjectTest, TheSecondFormWrapsOnlyAnInnerProject) {
   EXPECT_THROW(InternalOrvProject::create(boost::shared_ptr<Project>()), OrvException);
 }
 
-TEST_F(ProjectFixture, BinsAreThreeDistinctEmptyObjectsHandedOutAlike) {
-  const boost::shared_ptr<const ActionBin> bins[] = {project->actionBin(), project->zdActionBin(),
-                                                     project->audioActionBin()};
-  EXPECT_EQ(0u, bins[0]->numActions() + bins[1]->numActions() + bins[2]->numActions());
-  EXPECT_EQ(bins[0], project->actionBin());
-  EXPECT_TRUE(bins[0] != bins[1] && bins[1] != bins[2] && bins[0] != bins[2]);
-}
-
 struct ProbeCmd : OrvCommandImpl {
   bool fails = false;
   std::vector<std::string> calls;
