@@ -82,8 +82,11 @@ TEST_F(TrackMixerTest, TracksKeepStartOrderAndPutArrivalsBehindEqualStarts) {
   // The second of two media at one start is the one erased.
   track->eraseMedia(d.get());
   EXPECT_EQ((std::vector<const Media*>{b.get(), c.get(), a.get()}), order(*track));
-  EXPECT_EQ(changes + 1, observer.count);
   EXPECT_FALSE(d->parent());
+  EXPECT_THROW(track->eraseMedia(d.get()), KelMediaLibException);
+  EXPECT_THROW(track->insertMedia(boost::shared_ptr<Media>()), KelMediaLibException);
+  EXPECT_THROW(VisualTrack::create(p.lock)->insertMedia(a), KelMediaLibException);
+  EXPECT_EQ(changes + 1, observer.count);
   track->detach(&observer);
 
   std::vector<const VisualMedia*> walked;
