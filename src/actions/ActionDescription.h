@@ -17,8 +17,9 @@ class Transform;
 class ActionDescription {
  public:
   /// The kind of action; a value cast from an integer that is neither is
-  /// refused by `ActionCreator`.
-  enum ActionType { EDGE_ACTION = 0, CENTER_ACTION = 1 };
+  /// refused by `ActionCreator` (the fixed underlying type makes every int a
+  /// valid value to hold).
+  enum ActionType : int { EDGE_ACTION = 0, CENTER_ACTION = 1 };
 
   /// How one parameter animates: the parameter's name on the media, a
   /// modifier and a transform (owned clones), the value handed to the
