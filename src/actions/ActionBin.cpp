@@ -228,11 +228,11 @@ void ActionBin::notifyMedia(const boost::shared_ptr<const Media>& media) const {
 }
 
 void ActionBin::xmlName(Options& options) const {
-  options.out << "ActionBin";
+  KelMediaLib::writeLiteral(options.out, "ActionBin");
 }
 
 void ActionBin::xmlAttributes(Options& options) const {
-  options.out << "id=\"";
+  KelMediaLib::writeLiteral(options.out, "id=\"");
   KelMediaLib::writeXMLValue(options.out, xmlIdent());
   options.out << '"';
 }

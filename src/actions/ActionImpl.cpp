@@ -2,6 +2,7 @@
 
 #include "actions/OrvException.h"
 #include "actions/ParameterRange.h"
+#include "core/XMLText.h"
 #include "media/effects/Effect.h"
 #include "media/media/Media.h"
 #include "values/Parameter.h"
@@ -196,9 +197,9 @@ boost::shared_ptr<Action> ActionImpl::createCloneAction(
 
 void ActionImpl::xmlAttributes(Options& options) const {
   // The file requires an id on every action, though no reader uses it.
-  options.out << "id=\"";
+  KelMediaLib::writeLiteral(options.out, "id=\"");
   KelMediaLib::writeXMLValue(options.out, xmlIdent());
-  options.out << "\" timeRange=\"";
+  KelMediaLib::writeLiteral(options.out, "\" timeRange=\"");
   KelMediaLib::writeXMLValue(options.out, timeRange());
   options.out << '"';
 }

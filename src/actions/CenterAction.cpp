@@ -1,5 +1,7 @@
 #include "actions/CenterAction.h"
 
+#include "core/XMLText.h"
+
 #include <ostream>
 
 namespace OrvMediaLib {
@@ -18,7 +20,7 @@ CenterAction* CenterAction::clone() const {
 }
 
 void CenterAction::xmlName(Options& options) const {
-  options.out << "CenterAction";
+  KelMediaLib::writeLiteral(options.out, "CenterAction");
 }
 
 }  // namespace OrvMediaLib

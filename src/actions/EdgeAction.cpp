@@ -2,6 +2,7 @@
 
 #include "actions/OrvException.h"
 #include "actions/ParameterRange.h"
+#include "core/XMLText.h"
 #include "media/media/Media.h"
 
 #include <boost/make_shared.hpp>
@@ -74,7 +75,7 @@ EdgeAction* EdgeAction::clone() const {
 }
 
 void EdgeAction::xmlName(Options& options) const {
-  options.out << "EdgeAction";
+  KelMediaLib::writeLiteral(options.out, "EdgeAction");
 }
 
 }  // namespace OrvMediaLib

@@ -219,7 +219,7 @@ void ParameterRange::addRangesKeyframes(
 }
 
 void ParameterRange::xmlName(Options& options) const {
-  options.out << "ParameterRange";
+  KelMediaLib::writeLiteral(options.out, "ParameterRange");
 }
 
 void ParameterRange::xmlAttributes(Options& options) const {

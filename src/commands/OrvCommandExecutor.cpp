@@ -2,6 +2,7 @@
 
 #include "actions/OrvException.h"
 #include "commands/OrvCommand.h"
+#include "core/XMLText.h"
 
 #include <ostream>
 
@@ -45,7 +46,7 @@ bool OrvCommandExecutor::reexecute(KelMediaLib::CommandHandler* handler) {
 }
 
 void OrvCommandExecutor::xmlName(Options& options) const {
-  options.out << "OrvCommandExecutor";
+  KelMediaLib::writeLiteral(options.out, "OrvCommandExecutor");
 }
 
 }  // namespace OrvMediaLib

@@ -3,6 +3,7 @@
 #include "actions/OrvException.h"
 #include "commands/OrvCommandExecutor.h"
 #include "core/MultiCommand.h"
+#include "core/XMLText.h"
 
 #include <ostream>
 
@@ -22,7 +23,7 @@ class MultiCommandRelay : public KelMediaLib::MultiCommand {
   }
   std::string description() const override { return std::string(); }
   MultiCommandRelay* clone() const override { return nullptr; }
-  void xmlName(Options& options) const override { options.out << "MultiCommandRelay"; }
+  void xmlName(Options& options) const override { KelMediaLib::writeLiteral(options.out, "MultiCommandRelay"); }
   // The members are the owner's business: the relay writes a bare element.
   void xmlBody(Options&, int) const override {}
 

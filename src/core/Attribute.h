@@ -40,12 +40,12 @@ class Attribute : public KelObject, public Subject, public XMLable, public virtu
   /// The attribute's own lock.
   ReadWriteMutex& mutex() const { return mutex_; }
 
-  void xmlName(Options& options) const override { options.out << "Attribute"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "Attribute"); }
 
   void xmlAttributes(Options& options) const override {
     options.out << "id=\"" << xmlIdent() << "\" name=\"";
     writeXMLValue(options.out, name_);
-    options.out << "\" value=\"";
+    writeLiteral(options.out, "\" value=\"");
     writeXMLValue(options.out, value());
     options.out << '"';
   }

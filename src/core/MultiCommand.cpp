@@ -1,6 +1,7 @@
 #include "core/MultiCommand.h"
 
 #include "core/KelMediaLibException.h"
+#include "core/XMLText.h"
 
 #include <exception>
 #include <ostream>
@@ -116,7 +117,7 @@ unsigned int MultiCommand::numUndoCommands() const {
   return static_cast<unsigned int>(commands_.size());
 }
 
-void MultiCommand::xmlName(Options& options) const { options.out << "MultiCommand"; }
+void MultiCommand::xmlName(Options& options) const { writeLiteral(options.out, "MultiCommand"); }
 
 void MultiCommand::xmlBody(Options& options, int depth) const {
   for (const auto& command : commands_) {

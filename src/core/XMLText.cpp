@@ -12,7 +12,7 @@ template <class T>
 void writeChars(std::ostream& out, T value) {
   char buffer[64];
   const std::to_chars_result result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  out.write(buffer, result.ptr - buffer);
+  writeRaw(out, buffer, static_cast<std::size_t>(result.ptr - buffer));
 }
 
 // Line breaks and tabs are escaped too: an attribute value would otherwise
@@ -108,9 +108,17 @@ void writeXMLValue(std::ostream& out, long long value) { writeChars(out, value);
 void writeXMLValue(std::ostream& out, unsigned long value) { writeChars(out, value); }
 
 void writeXMLValue(std::ostream& out, const std::string& value) {
-  escapeText(value, [&out](const char* data, std::size_t size) {
-    out.write(data, static_cast<std::streamsize>(size));
-  });
+  escapeText(value, [&out](const char* data, std::size_t size) { writeRaw(out, data, size); });
+}
+
+void writeIndent(std::ostream& out, int depth) {
+  static const char blanks[] = "                                                                ";
+  std::size_t left = depth > 0 ? static_cast<std::size_t>(depth) * 2 : 0;
+  while (left > 0) {
+    const std::size_t now = left < sizeof blanks - 1 ? left : sizeof blanks - 1;
+    writeRaw(out, blanks, now);
+    left -= now;
+  }
 }
 
 std::string xmlEscape(const std::string& text) {

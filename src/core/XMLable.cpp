@@ -1,27 +1,31 @@
 #include "core/XMLable.h"
 
+#include "core/XMLText.h"
+
 #include <ostream>
 
 namespace KelMediaLib {
 
 void XMLable::toXML(Options& options, int indent, const std::string& extraAttributes) const {
   std::ostream& out = options.out;
-  out << genIndent(indent) << '<';
+  writeIndent(out, indent);
+  writeLiteral(out, "<");
   xmlName(options);
   if (xmlHasAttributes()) {
-    out << ' ';
+    writeLiteral(out, " ");
     xmlAttributes(options);
   }
-  out << extraAttributes;
+  writeRaw(out, extraAttributes);
   if (!xmlHasBody()) {
-    out << "/>\n";
+    writeLiteral(out, "/>\n");
     return;
   }
-  out << ">\n";
+  writeLiteral(out, ">\n");
   xmlBody(options, indent + 1);
-  out << genIndent(indent) << "</";
+  writeIndent(out, indent);
+  writeLiteral(out, "</");
   xmlName(options);
-  out << ">\n";
+  writeLiteral(out, ">\n");
 }
 
 std::string XMLable::genIndent(int depth) {

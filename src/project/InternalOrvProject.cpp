@@ -9,6 +9,7 @@
 #include "commands/OrvCommand.h"
 #include "commands/OrvCommandExecutor.h"
 #include "core/CloneDecorator.h"
+#include "core/XMLText.h"
 #include "edge/EdgeTransitionBin.h"
 #include "media/media/Media.h"
 #include "media/project/InternalProject.h"
@@ -234,11 +235,11 @@ InternalOrvProject::~InternalOrvProject() {
 // XML.
 
 void InternalOrvProject::xmlName(Options& options) const {
-  options.out << "OrvProject";
+  KelMediaLib::writeLiteral(options.out, "OrvProject");
 }
 
 void InternalOrvProject::xmlAttributes(Options& options) const {
-  options.out << "version=\"1.0\"";
+  KelMediaLib::writeLiteral(options.out, "version=\"1.0\"");
 }
 
 const ActionGraveyard& InternalOrvProject::graveyard() const { return *graveyard_; }

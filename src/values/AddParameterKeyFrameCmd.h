@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Command.h"
+#include "core/XMLText.h"
 #include "values/KeyFrameCmdSupport.h"
 #include "values/Parametric.h"
 
@@ -48,7 +49,7 @@ class AddParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { options.out << "AddParameterKeyFrameCmd"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "AddParameterKeyFrameCmd"); }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;

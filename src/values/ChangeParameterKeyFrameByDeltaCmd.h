@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/MultiCommand.h"
+#include "core/XMLText.h"
 #include "values/ChangeParameterKeyFrameCmd.h"
 #include "values/KeyFrameCmdSupport.h"
 #include "values/Parametric.h"
@@ -55,7 +56,7 @@ class ChangeParameterKeyFrameByDeltaCmd : public MultiCommand {
   }
 
   void xmlName(Options& options) const override {
-    options.out << "ChangeParameterKeyFrameByDeltaCmd";
+    writeLiteral(options.out, "ChangeParameterKeyFrameByDeltaCmd");
   }
 
   void xmlBody(Options&, int) const override {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Command.h"
+#include "core/XMLText.h"
 #include "values/KeyFrameCmdSupport.h"
 #include "values/Parametric.h"
 
@@ -62,7 +63,7 @@ class ChangeParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { options.out << "ChangeParameterKeyFrameCmd"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "ChangeParameterKeyFrameCmd"); }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "values/Interpolater.h"
+#include "core/XMLText.h"
 #include "values/Parameter.h"
 
 #include <boost/shared_ptr.hpp>
@@ -65,12 +66,14 @@ class InterpolatingParam : public Parameter<T> {
 
   /// `<InterpolatingParam id=".." name="..">` with the companion and the key frames.
   void xmlName(XMLable::Options& options) const override {
-    options.out << "InterpolatingParam";
+    writeLiteral(options.out, "InterpolatingParam");
   }
   void xmlBody(XMLable::Options& options, int depth) const override {
-    options.out << XMLable::genIndent(depth) << "<Parameters>\n";
+    writeIndent(options.out, depth);
+    writeLiteral(options.out, "<Parameters>\n");
     interpolaters_->toXML(options, depth + 1, std::string());
-    options.out << XMLable::genIndent(depth) << "</Parameters>\n";
+    writeIndent(options.out, depth);
+    writeLiteral(options.out, "</Parameters>\n");
     this->writeKeyFrames(options, depth);
   }
 

@@ -235,27 +235,31 @@ class Parameter : public SubProject,
   }
 
   /// `<Parameter id=".." name="..">` with the key frames.
-  void xmlName(Options& options) const override { options.out << "Parameter"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "Parameter"); }
   void xmlAttributes(Options& options) const override {
-    options.out << "id=\"" << xmlIdent() << "\" name=\"";
+    writeLiteral(options.out, "id=\"");
+    writeXMLValue(options.out, xmlIdent());
+    writeLiteral(options.out, "\" name=\"");
     writeXMLValue(options.out, name());
-    options.out << '"';
+    writeLiteral(options.out, "\"");
   }
   void xmlBody(Options& options, int depth) const override { writeKeyFrames(options, depth); }
 
   /// Writes `<Keyframes>` with one `<Keyframe time=".." value=".."/>` each.
   void writeKeyFrames(Options& options, int depth) const {
     std::ostream& out = options.out;
-    const std::string indent = genIndent(depth + 1);
-    out << genIndent(depth) << "<Keyframes>\n";
+    writeIndent(out, depth);
+    writeLiteral(out, "<Keyframes>\n");
     for (const auto& entry : keyFrames_) {
-      out << indent << "<Keyframe time=\"";
+      writeIndent(out, depth + 1);
+      writeLiteral(out, "<Keyframe time=\"");
       writeXMLValue(out, entry.first);
-      out << "\" value=\"";
+      writeLiteral(out, "\" value=\"");
       writeXMLValue(out, entry.second->value());
-      out << "\"/>\n";
+      writeLiteral(out, "\"/>\n");
     }
-    out << genIndent(depth) << "</Keyframes>\n";
+    writeIndent(out, depth);
+    writeLiteral(out, "</Keyframes>\n");
   }
 
  protected:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Command.h"
+#include "core/XMLText.h"
 #include "values/KeyFrameCmdSupport.h"
 #include "values/Parametric.h"
 
@@ -51,7 +52,7 @@ class RemoveParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { options.out << "RemoveParameterKeyFrameCmd"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "RemoveParameterKeyFrameCmd"); }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Attribute.h"
+#include "core/XMLText.h"
 #include "core/Command.h"
 #include "values/KeyFrameCmdSupport.h"
 
@@ -47,7 +48,7 @@ class SetAttributeValueCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { options.out << "SetAttributeValueCmd"; }
+  void xmlName(Options& options) const override { writeLiteral(options.out, "SetAttributeValueCmd"); }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;

@@ -54,7 +54,7 @@ void VectorParam::copyKeyFramesFrom(const VectorParam& source) {
   }
 }
 
-void VectorParam::xmlName(Options& options) const { options.out << "VectorParam"; }
+void VectorParam::xmlName(Options& options) const { writeLiteral(options.out, "VectorParam"); }
 
 void VectorParam::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << "\" name=\"";
@@ -65,10 +65,13 @@ void VectorParam::xmlAttributes(Options& options) const {
 void VectorParam::xmlBody(Options& options, int depth) const {
   // Members are written by ident alone: their names follow from the vector's.
   for (const auto& member : members_) {
-    options.out << genIndent(depth) << "<InterpolatingParam id=\"" << member->xmlIdent()
-                << "\">\n";
+    writeIndent(options.out, depth);
+    writeLiteral(options.out, "<InterpolatingParam id=\"");
+    writeXMLValue(options.out, member->xmlIdent());
+    writeLiteral(options.out, "\">\n");
     member->xmlBody(options, depth + 1);
-    options.out << genIndent(depth) << "</InterpolatingParam>\n";
+    writeIndent(options.out, depth);
+    writeLiteral(options.out, "</InterpolatingParam>\n");
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/CommandHandler.h"
 #include "core/KelMediaLibException.h"
+#include "core/XMLText.h"
 #include "media/commands/NamedCommand.h"
 #include "media/commands/RemoveMediaCmd.h"
 #include "media/media/Media.h"
@@ -75,7 +76,7 @@ void RemoveTrackCmd::executeCommands(CommandHandler const*) {
 }
 
 void RemoveTrackCmd::xmlName(Options& options) const {
-  options.out << "RemoveTrackCmd";
+  writeLiteral(options.out, "RemoveTrackCmd");
 }
 
 }  // namespace KelMediaLib

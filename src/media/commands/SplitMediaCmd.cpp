@@ -1,6 +1,7 @@
 #include "media/commands/SplitMediaCmd.h"
 
 #include "core/KelMediaLibException.h"
+#include "core/XMLText.h"
 #include "media/commands/AddMediaCmd.h"
 #include "media/commands/TrimEndCmd.h"
 #include "media/commands/TrimStartCmd.h"
@@ -52,7 +53,7 @@ void SplitMediaCmd::executeCommands(CommandHandler const*) {
 }
 
 void SplitMediaCmd::xmlName(Options& options) const {
-  options.out << "SplitMediaCmd";
+  writeLiteral(options.out, "SplitMediaCmd");
 }
 
 }  // namespace KelMediaLib

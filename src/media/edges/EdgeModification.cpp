@@ -1,5 +1,6 @@
 #include "media/edges/EdgeModification.h"
 
+#include "core/XMLText.h"
 #include "media/edges/EdgeModFunc.h"
 
 #include <ostream>
@@ -24,7 +25,7 @@ EdgeModification& EdgeModification::operator=(const EdgeModification& other) {
 
 EdgeModification::~EdgeModification() = default;
 
-void EdgeModification::xmlName(Options& options) const { options.out << "EdgeMod"; }
+void EdgeModification::xmlName(Options& options) const { writeLiteral(options.out, "EdgeMod"); }
 
 void EdgeModification::xmlAttributes(Options& options) const {
   options.out << "parameter=\"" << (parameter_ ? parameter_->xmlIdent() : 0u) << '"';

@@ -1,5 +1,7 @@
 #include "media/edges/MixerXSlideOutFunc.h"
 
+#include "core/XMLText.h"
+
 #include <ostream>
 
 namespace KelMediaLib {
@@ -8,7 +10,7 @@ MixerXSlideOutFunc::MixerXSlideOutFunc(double extent) : MixerSlideFunc(extent) {
 
 MixerXSlideOutFunc* MixerXSlideOutFunc::clone() const { return new MixerXSlideOutFunc(*this); }
 
-void MixerXSlideOutFunc::xmlName(Options& options) const { options.out << "MixerXSlideOut"; }
+void MixerXSlideOutFunc::xmlName(Options& options) const { writeLiteral(options.out, "MixerXSlideOut"); }
 
 double MixerXSlideOutFunc::applyClamped(double value, double fraction) const {
   return value + extent() * fraction;

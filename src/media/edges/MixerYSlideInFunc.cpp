@@ -14,7 +14,7 @@ MixerYSlideInFunc::MixerYSlideInFunc(const MixerYSlideInFunc& other)
 
 MixerYSlideInFunc* MixerYSlideInFunc::clone() const { return new MixerYSlideInFunc(*this); }
 
-void MixerYSlideInFunc::xmlName(Options& options) const { options.out << "MixerYSlideIn"; }
+void MixerYSlideInFunc::xmlName(Options& options) const { writeLiteral(options.out, "MixerYSlideIn"); }
 
 void MixerYSlideInFunc::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

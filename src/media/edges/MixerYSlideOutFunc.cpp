@@ -1,5 +1,7 @@
 #include "media/edges/MixerYSlideOutFunc.h"
 
+#include "core/XMLText.h"
+
 #include <ostream>
 
 namespace KelMediaLib {
@@ -8,7 +10,7 @@ MixerYSlideOutFunc::MixerYSlideOutFunc(double extent) : MixerSlideFunc(extent) {
 
 MixerYSlideOutFunc* MixerYSlideOutFunc::clone() const { return new MixerYSlideOutFunc(*this); }
 
-void MixerYSlideOutFunc::xmlName(Options& options) const { options.out << "MixerYSlideOut"; }
+void MixerYSlideOutFunc::xmlName(Options& options) const { writeLiteral(options.out, "MixerYSlideOut"); }
 
 double MixerYSlideOutFunc::applyClamped(double value, double fraction) const {
   return value - extent() * fraction;

@@ -12,7 +12,7 @@ RotateFunc::RotateFunc(const RotateFunc& other) : EdgeModFunc(other), numRotatio
 
 RotateFunc* RotateFunc::clone() const { return new RotateFunc(*this); }
 
-void RotateFunc::xmlName(Options& options) const { options.out << "Rotate"; }
+void RotateFunc::xmlName(Options& options) const { writeLiteral(options.out, "Rotate"); }
 
 void RotateFunc::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

@@ -1,5 +1,6 @@
 #include "media/effects/GenericEffect.h"
 
+#include "core/XMLText.h"
 #include "media/effects/EffectCatalogue.h"
 #include "values/InterpolatingParam.h"
 #include "values/ParameterInterface.h"
@@ -40,7 +41,7 @@ boost::shared_ptr<ParameterInterface> GenericEffect::parameterWithName(
 
 GenericEffect* GenericEffect::clone() const { return new GenericEffect(*this); }
 
-void GenericEffect::xmlName(Options& options) const { options.out << "GenericEffect"; }
+void GenericEffect::xmlName(Options& options) const { writeLiteral(options.out, "GenericEffect"); }
 
 void GenericEffect::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

@@ -119,7 +119,7 @@ void AMFile::checkMediaTimeRange(long long mediaStart, long long mediaDuration) 
   checkWithinSource(mediaStart, mediaDuration, label());
 }
 
-void AMFile::xmlName(Options& options) const { options.out << "AMFile"; }
+void AMFile::xmlName(Options& options) const { writeLiteral(options.out, "AMFile"); }
 
 void AMFile::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;

@@ -1,5 +1,6 @@
 #include "media/media/AudioTransition.h"
 
+#include "core/XMLText.h"
 #include "media/media/ConstMediaDispatcher.h"
 
 #include <boost/pointer_cast.hpp>
@@ -22,7 +23,7 @@ void AudioTransition::dispatch(ConstMediaDispatcher& dispatcher) const {
 
 Media* AudioTransition::copyKind() const { return new AudioTransition(*this); }
 
-void AudioTransition::xmlName(Options& options) const { options.out << "AudioTransition"; }
+void AudioTransition::xmlName(Options& options) const { writeLiteral(options.out, "AudioTransition"); }
 
 void AudioTransition::xmlAttributes(Options& options) const { writeTimeAttributes(options); }
 

@@ -51,7 +51,7 @@ void Callout::dispatch(ConstMediaDispatcher& dispatcher) const {
 
 Media* Callout::copyKind() const { return new Callout(*this); }
 
-void Callout::xmlName(Options& options) const { options.out << "Callout"; }
+void Callout::xmlName(Options& options) const { writeLiteral(options.out, "Callout"); }
 
 void Callout::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;

@@ -45,7 +45,7 @@ void IMFile::dispatch(ConstMediaDispatcher& dispatcher) const {
 
 Media* IMFile::copyKind() const { return new IMFile(*this); }
 
-void IMFile::xmlName(Options& options) const { options.out << "IMFile"; }
+void IMFile::xmlName(Options& options) const { writeLiteral(options.out, "IMFile"); }
 
 void IMFile::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;

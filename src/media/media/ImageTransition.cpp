@@ -1,6 +1,7 @@
 #include "media/media/ImageTransition.h"
 
 #include "core/Attribute.h"
+#include "core/XMLText.h"
 #include "media/media/ConstMediaDispatcher.h"
 #include "media/timeline/Track.h"
 #include "media/timeline/VisualMixer.h"
@@ -51,7 +52,7 @@ void ImageTransition::dispatch(ConstMediaDispatcher& dispatcher) const {
 
 Media* ImageTransition::copyKind() const { return new ImageTransition(*this); }
 
-void ImageTransition::xmlName(Options& options) const { options.out << "ImageTransition"; }
+void ImageTransition::xmlName(Options& options) const { writeLiteral(options.out, "ImageTransition"); }
 
 void ImageTransition::xmlAttributes(Options& options) const { writeTimeAttributes(options); }
 

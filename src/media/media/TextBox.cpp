@@ -48,7 +48,7 @@ void TextBox::dispatch(ConstMediaDispatcher& dispatcher) const {
 
 Media* TextBox::copyKind() const { return new TextBox(*this); }
 
-void TextBox::xmlName(Options& options) const { options.out << "TextBox"; }
+void TextBox::xmlName(Options& options) const { writeLiteral(options.out, "TextBox"); }
 
 void TextBox::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;

@@ -1,5 +1,6 @@
 #include "media/media/Transformer.h"
 
+#include "core/XMLText.h"
 #include "values/VectorParam.h"
 
 #include <ostream>
@@ -22,7 +23,7 @@ std::vector<boost::shared_ptr<VectorParam>> Transformer::vectors() const {
   return {translation_, scale_, rotation_, anchor_, shear_};
 }
 
-void Transformer::xmlName(Options& options) const { options.out << "Transformer"; }
+void Transformer::xmlName(Options& options) const { writeLiteral(options.out, "Transformer"); }
 
 void Transformer::xmlBody(Options& options, int depth) const {
   for (const VectorParam* vector :

@@ -51,7 +51,7 @@ void VMFile::checkMediaTimeRange(long long mediaStart, long long mediaDuration) 
   checkWithinSource(mediaStart, mediaDuration, label());
 }
 
-void VMFile::xmlName(Options& options) const { options.out << "VMFile"; }
+void VMFile::xmlName(Options& options) const { writeLiteral(options.out, "VMFile"); }
 
 void VMFile::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;

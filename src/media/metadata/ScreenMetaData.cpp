@@ -268,7 +268,7 @@ std::vector<std::pair<std::string, std::string>> ScreenMetaData::parameterFiles(
 }
 
 void ScreenMetaData::xmlName(Options& options) const {
-  options.out << "ScreenMetaData";
+  writeLiteral(options.out, "ScreenMetaData");
 }
 
 void ScreenMetaData::xmlBody(Options& options, int depth) const {
@@ -276,7 +276,7 @@ void ScreenMetaData::xmlBody(Options& options, int depth) const {
     options.out << genIndent(depth) << "<ParameterFile";
     writeXMLAttribute(options.out, "filename", file.second);
     writeXMLAttribute(options.out, "paramName", file.first);
-    options.out << "/>\n";
+    writeLiteral(options.out, "/>\n");
   }
 }
 

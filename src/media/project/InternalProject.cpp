@@ -219,7 +219,7 @@ void InternalProject::addSourceBinSentry(boost::shared_ptr<SourceBinSentry> sent
 }
 
 void InternalProject::xmlName(Options& options) const {
-  options.out << "Project";
+  writeLiteral(options.out, "Project");
 }
 
 void InternalProject::xmlAttributes(Options& options) const {

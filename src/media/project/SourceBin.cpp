@@ -1,6 +1,7 @@
 #include "media/project/SourceBin.h"
 
 #include "core/KelMediaLibException.h"
+#include "core/XMLText.h"
 #include "media/sources/Clipping.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
@@ -147,7 +148,7 @@ void SourceBin::removeClipping(const Clipping* clipping) {
 }
 
 void SourceBin::xmlName(Options& options) const {
-  options.out << "SourceBin";
+  writeLiteral(options.out, "SourceBin");
 }
 
 void SourceBin::xmlBody(Options& options, int depth) const {

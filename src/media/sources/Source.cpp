@@ -165,7 +165,7 @@ boost::optional<Range<long long>> Source::trackRange(unsigned int trackIndex) co
 }
 
 void Source::xmlName(Options& options) const {
-  options.out << "Source";
+  writeLiteral(options.out, "Source");
 }
 
 void Source::xmlAttributes(Options& options) const {

@@ -1,6 +1,7 @@
 #include "media/timeline/AudioMixer.h"
 
 #include "core/Attribute.h"
+#include "core/XMLText.h"
 #include "media/timeline/AudioTrack.h"
 
 #include <ostream>
@@ -29,7 +30,7 @@ boost::shared_ptr<Track> AudioMixer::makeTrack(boost::weak_ptr<const ThreadSafe>
   return AudioTrack::create(project);
 }
 
-void AudioMixer::xmlName(Options& options) const { options.out << "AudioMixer"; }
+void AudioMixer::xmlName(Options& options) const { writeLiteral(options.out, "AudioMixer"); }
 
 void AudioMixer::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

@@ -1,5 +1,6 @@
 #include "media/timeline/AudioTrack.h"
 
+#include "core/XMLText.h"
 #include "media/media/AudioMedia.h"
 
 #include <boost/pointer_cast.hpp>
@@ -35,7 +36,7 @@ bool AudioTrack::accepts(const Media& media) const {
   return dynamic_cast<const AudioMedia*>(&media) != nullptr;
 }
 
-void AudioTrack::xmlName(Options& options) const { options.out << "AudioTrack"; }
+void AudioTrack::xmlName(Options& options) const { writeLiteral(options.out, "AudioTrack"); }
 
 void AudioTrack::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

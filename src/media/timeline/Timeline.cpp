@@ -1,5 +1,6 @@
 #include "media/timeline/Timeline.h"
 
+#include "core/XMLText.h"
 #include "media/timeline/AudioMixer.h"
 #include "media/timeline/Track.h"
 #include "media/timeline/VisualMixer.h"
@@ -36,7 +37,7 @@ std::vector<boost::shared_ptr<const Media>> Timeline::allMedias() const {
   return medias;
 }
 
-void Timeline::xmlName(Options& options) const { options.out << "Timeline"; }
+void Timeline::xmlName(Options& options) const { writeLiteral(options.out, "Timeline"); }
 
 void Timeline::xmlBody(Options& options, int depth) const {
   if (visualMixer_) {

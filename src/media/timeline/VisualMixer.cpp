@@ -2,6 +2,7 @@
 
 #include "core/Attribute.h"
 #include "core/KelMediaLibException.h"
+#include "core/XMLText.h"
 #include "media/media/Transformer.h"
 #include "media/timeline/VisualTrack.h"
 #include "values/VectorParam.h"
@@ -51,7 +52,7 @@ boost::shared_ptr<Track> VisualMixer::makeTrack(boost::weak_ptr<const ThreadSafe
   return VisualTrack::create(project);
 }
 
-void VisualMixer::xmlName(Options& options) const { options.out << "VisualMixer"; }
+void VisualMixer::xmlName(Options& options) const { writeLiteral(options.out, "VisualMixer"); }
 
 void VisualMixer::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

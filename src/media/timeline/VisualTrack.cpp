@@ -1,5 +1,6 @@
 #include "media/timeline/VisualTrack.h"
 
+#include "core/XMLText.h"
 #include "media/media/Transformer.h"
 #include "media/media/VisualMedia.h"
 #include "values/VectorParam.h"
@@ -40,7 +41,7 @@ bool VisualTrack::accepts(const Media& media) const {
   return dynamic_cast<const VisualMedia*>(&media) != nullptr;
 }
 
-void VisualTrack::xmlName(Options& options) const { options.out << "VisualTrack"; }
+void VisualTrack::xmlName(Options& options) const { writeLiteral(options.out, "VisualTrack"); }
 
 void VisualTrack::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';
