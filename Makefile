@@ -56,8 +56,8 @@ test-asan: deps
 # label "concurrency" and run under ThreadSanitizer.
 test-tsan: deps
 	cmake -S . -B $(TSAN_DIR) -DCMAKE_BUILD_TYPE=Tsan -DORVMEDIALIB_WERROR=ON \
-	  -DORVMEDIALIB_BUILD_BENCHMARKS=OFF $(CMAKE_ARGS)
-	cmake --build $(TSAN_DIR) -j $(JOBS) --target core_tests values_tests
+	  -DORVMEDIALIB_FOUNDATION_ONLY=ON $(CMAKE_ARGS)
+	cmake --build $(TSAN_DIR) -j $(JOBS)
 	cd $(TSAN_DIR) && TSAN_OPTIONS=halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS) -R 'Concurrency'
 
