@@ -8,6 +8,7 @@
 #include "values/Color.h"
 #include "values/Interpolater.h"
 #include "values/KeyFrame.h"
+#include "values/KeyFrameStore.h"
 #include "values/ParameterDispatcher.h"
 #include "values/ParameterInterface.h"
 #include "values/ParameterIterator.h"
@@ -24,7 +25,6 @@
 
 #include <cmath>
 #include <limits>
-#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -189,19 +189,17 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(oldTime, "move");
     }
+    KeyFrame<T>& frame = *found->second;
     if (oldTime == newTime) {
-      found->second->setTime(newTime);
+      frame.setTime(newTime);
       return;
     }
-    if (keyFrames_.count(newTime)) {
+    if (!keyFrames_.moveKey(found, newTime)) {
       throw KelMediaLibException("parameter \"" + name() + "\": can't move the key frame at " +
                                  std::to_string(oldTime) + " to " + std::to_string(newTime) +
                                  ", which holds a key frame already");
     }
-    boost::shared_ptr<KeyFrame<T>> frame = found->second;
-    keyFrames_.erase(found);
-    frame->setTime(newTime);
-    keyFrames_.emplace(newTime, frame);
+    frame.setTime(newTime);
     this->notify();
   }
 
@@ -266,10 +264,10 @@ class Parameter : public SubProject,
   Parameter(boost::weak_ptr<const ThreadSafe> project, const std::string& name,
             const T& defaultValue)
       : SubProject(project), Identified(name), default_(defaultValue) {
-    keyFrames_.emplace(0, boost::make_shared<KeyFrame<T>>(0, defaultValue));
+    keyFrames_.try_emplace(0, boost::make_shared<KeyFrame<T>>(0, defaultValue));
   }
 
-  typedef std::map<long long, boost::shared_ptr<KeyFrame<T>>> KeyFrameMap;
+  typedef KeyFrameStore<boost::shared_ptr<KeyFrame<T>>> KeyFrameMap;
 
   /// The last key frame at or before `time`; end() if there is none. A NaN
   /// time lies before every key frame.
@@ -290,9 +288,9 @@ class Parameter : public SubProject,
 
   /// Replaces the key frames by clones of those of `source`, without telling.
   void copyOwnKeyFrames(const Parameter<T>& source) {
-    KeyFrameMap copy;
-    for (const auto& entry : source.keyFrames_) {
-      copy.emplace_hint(copy.end(), entry.first, boost::shared_ptr<KeyFrame<T>>(entry.second->clone()));
+    KeyFrameMap copy(source.keyFrames_);
+    for (auto it = copy.begin(); it != copy.end(); ++it) {
+      it->second.reset(it->second->clone());
     }
     keyFrames_.swap(copy);
   }
