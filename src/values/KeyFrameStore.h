@@ -442,8 +442,7 @@ class KeyFrameStore {
       return endOf();
     }
     Leaf* leaf = descend(key, nullptr);
-    const int slot = after ? upperSlot(leaf->keys, leaf->count, key)
-                           : lowerSlot(leaf->keys, key);
+    const int slot = after ? upperSlot(leaf->keys, leaf->count, key) : lowerSlot(leaf->keys, key);
     // Past the leaf's last value, the next leaf's first is the answer.
     if (slot == leaf->count && leaf->next) {
       return iterator(leaf->next, 0);
@@ -694,8 +693,7 @@ class KeyFrameStore {
   // into the one before.
   static void removeChild(Inner* node, int key) {
     std::copy(node->keys + key + 1, node->keys + node->count, node->keys + key);
-    std::copy(node->children + key + 2, node->children + node->count + 1,
-              node->children + key + 1);
+    std::copy(node->children + key + 2, node->children + node->count + 1, node->children + key + 1);
     shrink(node, node->keys, node->count - 1);
   }
 

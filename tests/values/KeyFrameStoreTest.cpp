@@ -99,8 +99,8 @@ TYPED_TEST(KeyFrameStoreTest, AgreesWithStdMapOverLongRandomSequences) {
         model[key] = valueFor(key, step);
       } else if (operation == 4 && !model.empty()) {
         // Mostly short moves, which stay inside a leaf, and some into the band.
-        const auto from = model.lower_bound(key) == model.end() ? model.begin()
-                                                                : model.lower_bound(key);
+        const auto from =
+            model.lower_bound(key) == model.end() ? model.begin() : model.lower_bound(key);
         const bool nearEnd = from->first < -100000 || from->first > 100000;
         const long long to = random() % 4 && !nearEnd
                                  ? from->first + static_cast<long long>(random() % 9) - 4
@@ -176,7 +176,7 @@ TYPED_TEST(KeyFrameStoreTest, GrowsAndShrinksThroughEverySizeInEveryOrder) {
       ascending.push_back(i * 10);
     }
     std::vector<long long> descending(ascending.rbegin(), ascending.rend());
-    std::vector<long long> ends;  // outside in
+    std::vector<long long> ends;    // outside in
     std::vector<long long> middle;  // inside out
     for (int i = 0; i < size; ++i) {
       ends.push_back(ascending[i % 2 ? size - 1 - i / 2 : i / 2]);
