@@ -49,20 +49,18 @@ class AddParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { writeLiteral(options.out, "AddParameterKeyFrameCmd"); }
+  void xmlName(Options& options) const override {
+    writeLiteral(options.out, "AddParameterKeyFrameCmd");
+  }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;
-    out << "parametric=\"";
-    keyFrameCmd::writeAddress(out, parametric_);
-    out << "\" parameter=\"";
-    keyFrameCmd::writeAddress(out, parameter_);
-    out << "\" time=\"" << time_ << "\" value=\"";
+    keyFrameCmd::writeTarget(out, parametric_, parameter_, time_);
+    out << " value=\"";
     keyFrameCmd::writeValue(out, value_);
     out << '"';
   }
 
-  void xmlBody(Options&, int) const override {}
 
  protected:
   bool xmlHasAttributes() const override { return true; }

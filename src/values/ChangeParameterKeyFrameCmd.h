@@ -63,18 +63,16 @@ class ChangeParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { writeLiteral(options.out, "ChangeParameterKeyFrameCmd"); }
+  void xmlName(Options& options) const override {
+    writeLiteral(options.out, "ChangeParameterKeyFrameCmd");
+  }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;
-    out << "parametric=\"";
-    keyFrameCmd::writeAddress(out, parametric_);
-    out << "\" parameter=\"";
-    keyFrameCmd::writeAddress(out, parameter_);
-    out << "\" time=\"" << time_ << "\" value=\"" << value_ << "\" oldValue=\"" << oldValue_ << '"';
+    keyFrameCmd::writeTarget(out, parametric_, parameter_, time_);
+    out << " value=\"" << value_ << "\" oldValue=\"" << oldValue_ << '"';
   }
 
-  void xmlBody(Options&, int) const override {}
 
  protected:
   bool xmlHasAttributes() const override { return true; }

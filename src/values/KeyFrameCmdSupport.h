@@ -65,6 +65,18 @@ void writeValue(std::ostream& out, const boost::shared_ptr<U>& value) {
   writeAddress(out, value);
 }
 
+/// The attributes every key frame command traces first:
+/// `parametric=".." parameter=".." time=".."`.
+template <class Parameter>
+void writeTarget(std::ostream& out, const boost::shared_ptr<const Parametric>& parametric,
+                 const boost::shared_ptr<Parameter>& parameter, long long time) {
+  out << "parametric=\"";
+  writeAddress(out, parametric);
+  out << "\" parameter=\"";
+  writeAddress(out, parameter);
+  out << "\" time=\"" << time << '"';
+}
+
 }  // namespace keyFrameCmd
 
 }  // namespace KelMediaLib

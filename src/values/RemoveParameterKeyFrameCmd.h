@@ -52,20 +52,18 @@ class RemoveParameterKeyFrameCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { writeLiteral(options.out, "RemoveParameterKeyFrameCmd"); }
+  void xmlName(Options& options) const override {
+    writeLiteral(options.out, "RemoveParameterKeyFrameCmd");
+  }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;
-    out << "parametric=\"";
-    keyFrameCmd::writeAddress(out, parametric_);
-    out << "\" parameter=\"";
-    keyFrameCmd::writeAddress(out, parameter_);
-    out << "\" time=\"" << time_ << "\" removedValue=\"";
+    keyFrameCmd::writeTarget(out, parametric_, parameter_, time_);
+    out << " removedValue=\"";
     keyFrameCmd::writeValue(out, removedValue_);
     out << '"';
   }
 
-  void xmlBody(Options&, int) const override {}
 
  protected:
   bool xmlHasAttributes() const override { return true; }
