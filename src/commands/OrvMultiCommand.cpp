@@ -23,7 +23,9 @@ class MultiCommandRelay : public KelMediaLib::MultiCommand {
   }
   std::string description() const override { return std::string(); }
   MultiCommandRelay* clone() const override { return nullptr; }
-  void xmlName(Options& options) const override { KelMediaLib::writeLiteral(options.out, "MultiCommandRelay"); }
+  void xmlName(Options& options) const override {
+    KelMediaLib::writeLiteral(options.out, "MultiCommandRelay");
+  }
   // The members are the owner's business: the relay writes a bare element.
   void xmlBody(Options&, int) const override {}
 

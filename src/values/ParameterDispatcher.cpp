@@ -26,20 +26,28 @@ void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<std::vector<
 
 void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<IMFile>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<int>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<int>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<float>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<float>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<double>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<double>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Point>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Point>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Color>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Color>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<AudioPosition>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<AudioPosition>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<TransformMatrix>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<TransformMatrix>>>>&) {}
 
-void ParameterDispatcher::receive(const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Rect<float>>>>>&) {}
+void ParameterDispatcher::receive(
+    const boost::shared_ptr<Parameter<boost::shared_ptr<Interpolater<Rect<float>>>>>&) {}
 
 }  // namespace KelMediaLib

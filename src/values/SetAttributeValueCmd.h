@@ -48,7 +48,9 @@ class SetAttributeValueCmd : public Command {
     return true;
   }
 
-  void xmlName(Options& options) const override { writeLiteral(options.out, "SetAttributeValueCmd"); }
+  void xmlName(Options& options) const override {
+    writeLiteral(options.out, "SetAttributeValueCmd");
+  }
 
   void xmlAttributes(Options& options) const override {
     std::ostream& out = options.out;

@@ -6,10 +6,16 @@
 
 namespace KelMediaLib {
 
-FadeOutFunc* FadeOutFunc::clone() const { return new FadeOutFunc(*this); }
+FadeOutFunc* FadeOutFunc::clone() const {
+  return new FadeOutFunc(*this);
+}
 
-void FadeOutFunc::xmlName(Options& options) const { writeLiteral(options.out, "FadeOutFunc"); }
+void FadeOutFunc::xmlName(Options& options) const {
+  writeLiteral(options.out, "FadeOutFunc");
+}
 
-double FadeOutFunc::applyClamped(double value, double fraction) const { return value * (1.0 - fraction); }
+double FadeOutFunc::applyClamped(double value, double fraction) const {
+  return value * (1.0 - fraction);
+}
 
 }  // namespace KelMediaLib

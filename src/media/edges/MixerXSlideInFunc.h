@@ -4,8 +4,8 @@
 
 namespace KelMediaLib {
 
-/// Enters from the left: `value - extent * (1 - fraction)`, a whole mixer width left of its place at the outer end of the edge.
-/// Written as `<MixerXSlideIn/>`.
+/// Enters from the left: `value - extent * (1 - fraction)`, a whole mixer width left of its place
+/// at the outer end of the edge. Written as `<MixerXSlideIn/>`.
 class MixerXSlideInFunc : public MixerSlideFunc {
  public:
   explicit MixerXSlideInFunc(double extent = 1.0);

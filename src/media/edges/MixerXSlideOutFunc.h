@@ -4,8 +4,8 @@
 
 namespace KelMediaLib {
 
-/// Leaves to the right: `value + extent * fraction`, a whole mixer width right of its place at the media's end.
-/// Written as `<MixerXSlideOut/>`.
+/// Leaves to the right: `value + extent * fraction`, a whole mixer width right of its place at the
+/// media's end. Written as `<MixerXSlideOut/>`.
 class MixerXSlideOutFunc : public MixerSlideFunc {
  public:
   explicit MixerXSlideOutFunc(double extent = 1.0);

@@ -12,9 +12,13 @@ MixerYSlideInFunc::MixerYSlideInFunc(double angle, double extent)
 MixerYSlideInFunc::MixerYSlideInFunc(const MixerYSlideInFunc& other)
     : MixerSlideFunc(other), angle_(other.angle_) {}
 
-MixerYSlideInFunc* MixerYSlideInFunc::clone() const { return new MixerYSlideInFunc(*this); }
+MixerYSlideInFunc* MixerYSlideInFunc::clone() const {
+  return new MixerYSlideInFunc(*this);
+}
 
-void MixerYSlideInFunc::xmlName(Options& options) const { writeLiteral(options.out, "MixerYSlideIn"); }
+void MixerYSlideInFunc::xmlName(Options& options) const {
+  writeLiteral(options.out, "MixerYSlideIn");
+}
 
 void MixerYSlideInFunc::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

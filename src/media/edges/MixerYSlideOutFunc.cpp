@@ -8,9 +8,13 @@ namespace KelMediaLib {
 
 MixerYSlideOutFunc::MixerYSlideOutFunc(double extent) : MixerSlideFunc(extent) {}
 
-MixerYSlideOutFunc* MixerYSlideOutFunc::clone() const { return new MixerYSlideOutFunc(*this); }
+MixerYSlideOutFunc* MixerYSlideOutFunc::clone() const {
+  return new MixerYSlideOutFunc(*this);
+}
 
-void MixerYSlideOutFunc::xmlName(Options& options) const { writeLiteral(options.out, "MixerYSlideOut"); }
+void MixerYSlideOutFunc::xmlName(Options& options) const {
+  writeLiteral(options.out, "MixerYSlideOut");
+}
 
 double MixerYSlideOutFunc::applyClamped(double value, double fraction) const {
   return value - extent() * fraction;

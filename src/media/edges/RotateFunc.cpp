@@ -8,11 +8,16 @@ namespace KelMediaLib {
 
 RotateFunc::RotateFunc(int numRotations) : numRotations_(numRotations) {}
 
-RotateFunc::RotateFunc(const RotateFunc& other) : EdgeModFunc(other), numRotations_(other.numRotations_) {}
+RotateFunc::RotateFunc(const RotateFunc& other)
+    : EdgeModFunc(other), numRotations_(other.numRotations_) {}
 
-RotateFunc* RotateFunc::clone() const { return new RotateFunc(*this); }
+RotateFunc* RotateFunc::clone() const {
+  return new RotateFunc(*this);
+}
 
-void RotateFunc::xmlName(Options& options) const { writeLiteral(options.out, "Rotate"); }
+void RotateFunc::xmlName(Options& options) const {
+  writeLiteral(options.out, "Rotate");
+}
 
 void RotateFunc::xmlAttributes(Options& options) const {
   options.out << "id=\"" << xmlIdent() << '"';

@@ -21,10 +21,16 @@ void AudioTransition::dispatch(ConstMediaDispatcher& dispatcher) const {
   dispatcher.dispatchMedia(boost::static_pointer_cast<const AudioTransition>(shared_from_this()));
 }
 
-Media* AudioTransition::copyKind() const { return new AudioTransition(*this); }
+Media* AudioTransition::copyKind() const {
+  return new AudioTransition(*this);
+}
 
-void AudioTransition::xmlName(Options& options) const { writeLiteral(options.out, "AudioTransition"); }
+void AudioTransition::xmlName(Options& options) const {
+  writeLiteral(options.out, "AudioTransition");
+}
 
-void AudioTransition::xmlAttributes(Options& options) const { writeTimeAttributes(options); }
+void AudioTransition::xmlAttributes(Options& options) const {
+  writeTimeAttributes(options);
+}
 
 }  // namespace KelMediaLib

@@ -44,21 +44,31 @@ float ImageTransition::height() const {
   return mixer ? mixer->attributeHeight()->value() : 0.0f;
 }
 
-bool ImageTransition::isStill() const { return true; }
+bool ImageTransition::isStill() const {
+  return true;
+}
 
 void ImageTransition::dispatch(ConstMediaDispatcher& dispatcher) const {
   dispatcher.dispatchMedia(boost::static_pointer_cast<const ImageTransition>(shared_from_this()));
 }
 
-Media* ImageTransition::copyKind() const { return new ImageTransition(*this); }
+Media* ImageTransition::copyKind() const {
+  return new ImageTransition(*this);
+}
 
-void ImageTransition::xmlName(Options& options) const { writeLiteral(options.out, "ImageTransition"); }
+void ImageTransition::xmlName(Options& options) const {
+  writeLiteral(options.out, "ImageTransition");
+}
 
-void ImageTransition::xmlAttributes(Options& options) const { writeTimeAttributes(options); }
+void ImageTransition::xmlAttributes(Options& options) const {
+  writeTimeAttributes(options);
+}
 
 // A reader skips the parameters of an image transition, so an edge
 // modification can't name one of them.
-bool ImageTransition::xmlDeclaresParameters() const { return false; }
+bool ImageTransition::xmlDeclaresParameters() const {
+  return false;
+}
 
 void ImageTransition::xmlBody(Options& options, int depth) const {
   writeParameters(options, depth, visualParameters());

@@ -27,8 +27,7 @@ namespace {
 // Rounds a time computed in double to edit units; refuses what doesn't fit.
 long long toUnits(double value, const std::string& what) {
   if (!std::isfinite(value) || std::fabs(value) > 9.0e18) {
-    throw KelMediaLibException(what + ": the time " + std::to_string(value) +
-                               " is out of range");
+    throw KelMediaLibException(what + ": the time " + std::to_string(value) + " is out of range");
   }
   return std::llround(value);
 }
@@ -110,21 +109,31 @@ Media::Media(const Media& other)
       decorator_(nullptr),
       hasDecorator_(false) {}
 
-Media::~Media() { delete decorator_; }
+Media::~Media() {
+  delete decorator_;
+}
 
-bool Media::isLinkedTo(const Media* other) const { return indexOfLink(other) >= 0; }
+bool Media::isLinkedTo(const Media* other) const {
+  return indexOfLink(other) >= 0;
+}
 
-double Media::toParameterTime(double time) const { return time / scalar_; }
+double Media::toParameterTime(double time) const {
+  return time / scalar_;
+}
 
-double Media::fromParameterTime(double time) const { return time * scalar_; }
+double Media::fromParameterTime(double time) const {
+  return time * scalar_;
+}
 
 long long Media::toLocalTime(long long timelineTime) const {
-  const double local = static_cast<double>(timelineTime - range_.start) +
-                       static_cast<double>(mediaStart_) * scalar_;
+  const double local =
+      static_cast<double>(timelineTime - range_.start) + static_cast<double>(mediaStart_) * scalar_;
   return static_cast<long long>(local);
 }
 
-double Media::recordingToEditTime(double recordingTime) const { return recordingTime * scalar_; }
+double Media::recordingToEditTime(double recordingTime) const {
+  return recordingTime * scalar_;
+}
 
 void Media::setCloneDecorator(CloneDecorator<Media>* decorator) const {
   if (decorator != decorator_) {
@@ -185,9 +194,13 @@ void Media::finishClone(Media& copy) const {
   copyEdge(rightEdgeModifications(), false);
 }
 
-bool Media::isStill() const { return false; }
+bool Media::isStill() const {
+  return false;
+}
 
-bool Media::isAudio() const { return false; }
+bool Media::isAudio() const {
+  return false;
+}
 
 void Media::scale(double factor) {
   if (!std::isfinite(factor) || factor <= 0) {
@@ -196,7 +209,9 @@ void Media::scale(double factor) {
   changeScalar(scalar_ * factor, "scale");
 }
 
-void Media::setScalar(double scalar) { changeScalar(scalar, "set the scalar of"); }
+void Media::setScalar(double scalar) {
+  changeScalar(scalar, "set the scalar of");
+}
 
 void Media::changeScalar(double scalar, const char* what) {
   const std::string context = std::string("can't ") + what + " " + label();
@@ -210,7 +225,8 @@ void Media::changeScalar(double scalar, const char* what) {
 }
 
 void Media::trimStart(long long delta) {
-  const std::string context = "can't trim " + std::to_string(delta) + " off the start of " + label();
+  const std::string context =
+      "can't trim " + std::to_string(delta) + " off the start of " + label();
   const long long mediaDelta = toUnits(static_cast<double>(delta) / scalar_, context);
   retime(checkedSum(range_.start, delta, context), checkedSum(mediaStart_, mediaDelta, context),
          checkedDifference(mediaDuration_, mediaDelta, context),
@@ -244,17 +260,20 @@ void Media::setStart(long long start) {
   notify();
 }
 
-void Media::setParent(boost::weak_ptr<const Track> track) { parent_ = track; }
+void Media::setParent(boost::weak_ptr<const Track> track) {
+  parent_ = track;
+}
 
 int Media::indexOfLink(const Media* other) const {
-  const auto found =
-      std::find_if(links_.begin(), links_.end(), [other](const boost::weak_ptr<const Media>& l) {
-        return l.lock().get() == other;
-      });
+  const auto found = std::find_if(
+      links_.begin(), links_.end(),
+      [other](const boost::weak_ptr<const Media>& l) { return l.lock().get() == other; });
   return other && found != links_.end() ? static_cast<int>(found - links_.begin()) : -1;
 }
 
-void Media::addLink(const boost::shared_ptr<const Media>& other) { insertLink(other, -1); }
+void Media::addLink(const boost::shared_ptr<const Media>& other) {
+  insertLink(other, -1);
+}
 
 void Media::insertLink(const boost::shared_ptr<const Media>& other, int index) {
   if (!other) {
@@ -291,9 +310,13 @@ void Media::checkMediaTimeRange(long long, long long mediaDuration) const {
   }
 }
 
-void Media::effectsChanged() { notify(); }
+void Media::effectsChanged() {
+  notify();
+}
 
-void Media::edgesChanged() { notify(); }
+void Media::edgesChanged() {
+  notify();
+}
 
 void Media::writeTimeAttributes(Options& options) const {
   std::ostream& out = options.out;
@@ -399,7 +422,9 @@ bool Media::xmlKnowsParameter(const Parameter<double>* parameter) const {
   return owns(track.get()) || owns(dynamic_cast<const Parametric*>(mixer.get()));
 }
 
-bool Media::xmlDeclaresParameters() const { return true; }
+bool Media::xmlDeclaresParameters() const {
+  return true;
+}
 
 void Media::writeParameters(Options& options, int depth,
                             const std::vector<const XMLable*>& parameters) {

@@ -11,7 +11,9 @@ VisualMedia::VisualMedia(boost::weak_ptr<const ThreadSafe> project, long long me
   makeParameters();
 }
 
-VisualMedia::VisualMedia(const VisualMedia& other) : Media(other) { makeParameters(); }
+VisualMedia::VisualMedia(const VisualMedia& other) : Media(other) {
+  makeParameters();
+}
 
 void VisualMedia::makeParameters() {
   const boost::weak_ptr<const ThreadSafe> project = projectMutex();
@@ -28,7 +30,8 @@ void VisualMedia::makeParameters() {
 }
 
 Rect<double> VisualMedia::geometryCropRectAtTime(long long time) const {
-  const std::vector<double> crop = geometryCrop_->valueAt(toParameterTime(static_cast<double>(time)));
+  const std::vector<double> crop =
+      geometryCrop_->valueAt(toParameterTime(static_cast<double>(time)));
   return Rect<double>(crop[0], crop[1], static_cast<double>(width()) - crop[0] - crop[2],
                       static_cast<double>(height()) - crop[1] - crop[3]);
 }
