@@ -4,13 +4,16 @@
 #   make test-sanitize  the same under AddressSanitizer + UndefinedBehaviorSanitizer,
 #                       and the lock tests under ThreadSanitizer
 #   make bench          build and run the benchmarks
-#   make consumer       install into a staging tree and build tests/consumer against it
+#   make consumer       install into a staging tree and build tests/consumer against it,
+#                       once through CMake and once through pkg-config
+#   make install        install into PREFIX (default /usr/local)
 
 JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD     ?= build
 ASAN_DIR  ?= build-asan
 TSAN_DIR  ?= build-tsan
 STAGE     ?= $(BUILD)/stage
+PREFIX    ?= /usr/local
 CMAKE_ARGS ?=
 
 PACKAGES := g++ make cmake pkg-config \
@@ -20,7 +23,7 @@ PACKAGES := g++ make cmake pkg-config \
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps build test test-sanitize test-asan test-tsan bench consumer clean
+.PHONY: all deps build test test-sanitize test-asan test-tsan bench consumer install clean
 
 all: build
 
@@ -72,6 +75,12 @@ consumer: build
 	cmake -S tests/consumer -B $(BUILD)/consumer -DCMAKE_PREFIX_PATH=$(abspath $(STAGE))
 	cmake --build $(BUILD)/consumer -j $(JOBS)
 	LD_LIBRARY_PATH=$(abspath $(STAGE))/lib $(BUILD)/consumer/consumer
+	$(CXX) -o $(BUILD)/consumer/consumer-pc tests/consumer/main.cpp \
+	  $$(PKG_CONFIG_PATH=$(abspath $(STAGE))/lib/pkgconfig pkg-config --cflags --libs orvmedialib)
+	LD_LIBRARY_PATH=$(abspath $(STAGE))/lib $(BUILD)/consumer/consumer-pc > /dev/null
+
+install: build
+	cmake --install $(BUILD) --prefix $(abspath $(PREFIX))
 
 clean:
 	rm -rf $(BUILD) $(ASAN_DIR) $(TSAN_DIR)

@@ -27,3 +27,12 @@ install(FILES
   "${PROJECT_BINARY_DIR}/OrvMediaLibConfig.cmake"
   "${PROJECT_BINARY_DIR}/OrvMediaLibConfigVersion.cmake"
   DESTINATION "${ORVMEDIALIB_CMAKE_DIR}")
+
+# pkg-config, for builds that don't use CMake. Boost ships no .pc files, so
+# its libraries are named directly.
+set(ORVMEDIALIB_PC_DIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH ORVMEDIALIB_PC_TO_PREFIX "/prefix/${ORVMEDIALIB_PC_DIR}" "/prefix")
+string(REGEX REPLACE "/$" "" ORVMEDIALIB_PC_TO_PREFIX "${ORVMEDIALIB_PC_TO_PREFIX}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/orvmedialib.pc.in"
+  "${PROJECT_BINARY_DIR}/orvmedialib.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/orvmedialib.pc" DESTINATION "${ORVMEDIALIB_PC_DIR}")
