@@ -113,6 +113,7 @@ TEST(SourceTest, MakesOneMediaPerTrackIterableByKind) {
     MediaFileStats::TrackStats track;
     track.type = t.first;
     track.range = Range<long long>(0, 90);
+    track.editRate = EditRate(30);
     track.numChannels = 2;
     track.fileName = folder + "/" + t.second;
     if (t.second == "screen.mov") {
