@@ -35,11 +35,11 @@ struct MediaFile {
 };
 
 /// Writes `file` to `path` with libavformat, in the container that the
-/// extension names (".mov", ".wav", ".avi", ".nut", ...). Frames and samples
-/// are stored raw, so no encoder is needed and the file's timing is exactly
-/// the one asked for; streams are interleaved by time. Throws
-/// `std::runtime_error` naming the path and FFmpeg's reason (e.g. a container
-/// that can't hold raw frames).
+/// extension names: ".mov" or ".nut" for pictures and sound, ".wav" for
+/// sound alone. Frames and samples are stored raw, so no encoder is needed
+/// and the file's timing is exactly the one asked for; streams are
+/// interleaved by time. Throws `std::runtime_error` naming the path and
+/// FFmpeg's reason (e.g. ".mp4", which can't hold raw frames).
 void writeMediaFile(const std::string& path, const MediaFile& file);
 
 }  // namespace testsupport

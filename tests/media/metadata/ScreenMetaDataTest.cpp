@@ -8,7 +8,9 @@
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <fstream>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -44,6 +46,15 @@ class ScreenMetaDataTest : public ::testing::Test {
   boost::shared_ptr<VMFile> video;
   boost::shared_ptr<ScreenMetaData> metaData;
 };
+
+template <class T>
+std::string keyFrameTimes(const Parameter<T>& parameter) {
+  std::ostringstream out;
+  for (const auto& frame : parameter.keyFrames()) {
+    out << frame->time() << ' ';
+  }
+  return out.str();
+}
 
 template <class T>
 std::string keyFrames(const Parameter<T>& parameter) {
@@ -107,6 +118,10 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
       {&ScreenMetaData::setCursorActionFile, "0 1\n1 -2\n", 2},
       {&ScreenMetaData::setDirtyRectsFile, "0 2 0 0 1 1\n", 1},
       {&ScreenMetaData::setDirtyRectsFile, "0 1 0 0 1 1\n1 0\n2 1 a 0 1 1\n", 3},
+      // Beyond the largest float; a time beyond the 64-bit axis.
+      {&ScreenMetaData::setFrontWindowFile, "0 0 0 1 1\n1 0 0 3.4028236e38 1\n", 2},
+      {&ScreenMetaData::setDirtyRectsFile, "0 1 0 0 1e39 1\n", 1},
+      {&ScreenMetaData::setCursorActionFile, "0 1\n1e300 1\n", 2},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
@@ -124,6 +139,59 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
   EXPECT_TRUE(metaData->parameterFiles().empty());
   EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
   EXPECT_THROW(metaData->setCursorActionFile("missing.dat"), KelMediaLibException);
+}
+
+// German number punctuation, with no system locale needed.
+struct GermanPunctuation : std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+// Makes a locale the global one for as long as it lives.
+class GlobalLocale {
+ public:
+  explicit GlobalLocale(const std::locale& locale) : previous_(std::locale::global(locale)) {}
+  ~GlobalLocale() { std::locale::global(previous_); }
+
+ private:
+  std::locale previous_;
+};
+
+TEST_F(ScreenMetaDataTest, ReadsAndWritesNumbersInTheCFormUnderAnyLocale) {
+  const GlobalLocale german(std::locale(std::locale::classic(), new GermanPunctuation));
+  std::ostringstream probe;
+  probe << 1234.5;
+  ASSERT_EQ("1.234,5", probe.str());
+
+  metaData->setFrontWindowFile(
+      write("frontmost.dat", "0.5 -3.4028235e38 3.4e38 1440.5 3.40282356e38\n"));
+  metaData->setCursorLocationFile(write("cursorlocation.dat", "1.25 1234.5 0.125\n"));
+  EXPECT_EQ(Rect<float>(-FLT_MAX, 3.4e38f, 1440.5f, FLT_MAX),
+            metaData->frontWindowParam()->valueAt(15));
+  EXPECT_EQ("0 15 ", keyFrameTimes(*metaData->frontWindowParam()));
+  EXPECT_EQ(Point(1234.5, 0.125, 0), metaData->cursorLocationParam()->valueAt(38));
+  EXPECT_EQ("0 38 ", keyFrameTimes(*metaData->cursorLocationParam()));  // 37.5
+
+  // The source's element, whose numbers a locale would group.
+  const auto stats = MediaFileStats::create();
+  stats->setFilename("tone.wav");
+  MediaFileStats::TrackStats track;
+  track.type = MediaFileStats::Audio;
+  track.range = Range<long long>(0, 1234567);
+  track.editRate = EditRate(48000);
+  track.sampleRate = EditRate(48000);
+  stats->addTrackStats(track);
+  const auto source = Source::create(stats);
+  std::ostringstream xml;
+  XMLable::Options options(xml);
+  source->toXML(options, 0, std::string());
+  EXPECT_NE(std::string::npos,
+            xml.str().find("<Source id=\"" + std::to_string(source->xmlIdent()) + "\" "))
+      << xml.str();
+  EXPECT_NE(std::string::npos,
+            xml.str().find("range=\"(0,1234567)\" type=\"2\" editRate=\"48000/1\""))
+      << xml.str();
 }
 
 }  // namespace
