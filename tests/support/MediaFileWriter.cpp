@@ -44,6 +44,14 @@ class Output {
 
   AVFormatContext* context() const { return context_; }
 
+  AVStream* newStream() const {
+    AVStream* stream = avformat_new_stream(context_, nullptr);
+    if (!stream) {
+      throw std::bad_alloc();
+    }
+    return stream;
+  }
+
   void check(int code, const char* what) const {
     if (code < 0) {
       throw std::runtime_error("writing \"" + path_ + "\": " + what + ": " + reason(code));
@@ -100,10 +108,7 @@ void fill(const Feed& feed, long long first, long long units, uint8_t* data) {
 }
 
 Feed addVideo(const Output& out, const VideoStream& spec) {
-  AVStream* stream = avformat_new_stream(out.context(), nullptr);
-  if (!stream) {
-    throw std::bad_alloc();
-  }
+  AVStream* stream = out.newStream();
   AVCodecParameters& codec = *stream->codecpar;
   codec.codec_type = AVMEDIA_TYPE_VIDEO;
   codec.codec_id = AV_CODEC_ID_RAWVIDEO;
@@ -119,10 +124,7 @@ Feed addVideo(const Output& out, const VideoStream& spec) {
 }
 
 Feed addAudio(const Output& out, const AudioStream& spec) {
-  AVStream* stream = avformat_new_stream(out.context(), nullptr);
-  if (!stream) {
-    throw std::bad_alloc();
-  }
+  AVStream* stream = out.newStream();
   AVCodecParameters& codec = *stream->codecpar;
   codec.codec_type = AVMEDIA_TYPE_AUDIO;
   codec.codec_id = AV_CODEC_ID_PCM_S16LE;

@@ -4,13 +4,13 @@
 #include "media/project/InternalProject.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
+#include "support/GermanLocale.h"
 
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <fstream>
-#include <locale>
 #include <sstream>
 #include <string>
 
@@ -48,15 +48,6 @@ class ScreenMetaDataTest : public ::testing::Test {
 };
 
 template <class T>
-std::string keyFrameTimes(const Parameter<T>& parameter) {
-  std::ostringstream out;
-  for (const auto& frame : parameter.keyFrames()) {
-    out << frame->time() << ' ';
-  }
-  return out.str();
-}
-
-template <class T>
 std::string keyFrames(const Parameter<T>& parameter) {
   std::ostringstream out;
   for (const auto& frame : parameter.keyFrames()) {
@@ -67,21 +58,31 @@ std::string keyFrames(const Parameter<T>& parameter) {
   return out.str();
 }
 
+// Numbers are in the C form whatever the global locale; a coordinate may be
+// any finite float.
 TEST_F(ScreenMetaDataTest, ReadsEachFileIntoItsParameterInEditUnits) {
+  const testsupport::GermanLocale german;
   EXPECT_FALSE(metaData->hasContent());
   metaData->setFrontWindowFile(write("frontmost.dat",
                                      "\xEF\xBB\xBF# front window\r\n"
                                      "0.5 10 20 300 200\r\n"
                                      "\r\n"
-                                     "  2   0 0 1440.5 900  # full screen\r\n"));
-  metaData->setCursorLocationFile(write("cursorlocation.dat", "0 1 2\n0.1 3.5 4\n1e0 5 6\n"));
+                                     "  2   0 0 1440.5 900  # full screen\r\n"
+                                     "2.5 -3.4028235e38 3.4e38 0.125 3.40282356e38\n"));
+  metaData->setCursorLocationFile(
+      write("cursorlocation.dat", "0 1 2\n0.1 3.5 4\n1e0 5 6\n1.25 1234.5 0.125\n"));
   metaData->setCursorActionFile(write("cursoraction.dat", "0.0333 5\n0.04 0\n"));
   metaData->setDirtyRectsFile(write("dirtyrect.dat", "1 2 0 0 10 10 5 5 1 1\n1.5 0\n"));
   EXPECT_TRUE(metaData->hasContent());
 
-  EXPECT_EQ("0:(0,0,0,0) 15:(10,20,300,200) 60:(0,0,1440.5,900) ",
-            keyFrames(*metaData->frontWindowParam()));
-  EXPECT_EQ("0:(1,2,0) 3:(3.5,4,0) 30:(5,6,0) ", keyFrames(*metaData->cursorLocationParam()));
+  EXPECT_EQ(
+      "0:(0,0,0,0) 15:(10,20,300,200) 60:(0,0,1440.5,900) "
+      "75:(-3.4028235e+38,3.4e+38,0.125,3.4028235e+38) ",
+      keyFrames(*metaData->frontWindowParam()));
+  EXPECT_EQ(FLT_MAX, metaData->frontWindowParam()->valueAt(75).height);
+  // 1.25 s are 37.5 units.
+  EXPECT_EQ("0:(1,2,0) 3:(3.5,4,0) 30:(5,6,0) 38:(1234.5,0.125,0) ",
+            keyFrames(*metaData->cursorLocationParam()));
   // Both actions round to edit unit 1; the later one wins.
   EXPECT_EQ("0:0 1:0 ", keyFrames(*metaData->cursorActionParam()));
   EXPECT_EQ((std::vector<Rect<float>>{Rect<float>(0, 0, 10, 10), Rect<float>(5, 5, 1, 1)}),
@@ -139,59 +140,6 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
   EXPECT_TRUE(metaData->parameterFiles().empty());
   EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
   EXPECT_THROW(metaData->setCursorActionFile("missing.dat"), KelMediaLibException);
-}
-
-// German number punctuation, with no system locale needed.
-struct GermanPunctuation : std::numpunct<char> {
-  char do_decimal_point() const override { return ','; }
-  char do_thousands_sep() const override { return '.'; }
-  std::string do_grouping() const override { return "\3"; }
-};
-
-// Makes a locale the global one for as long as it lives.
-class GlobalLocale {
- public:
-  explicit GlobalLocale(const std::locale& locale) : previous_(std::locale::global(locale)) {}
-  ~GlobalLocale() { std::locale::global(previous_); }
-
- private:
-  std::locale previous_;
-};
-
-TEST_F(ScreenMetaDataTest, ReadsAndWritesNumbersInTheCFormUnderAnyLocale) {
-  const GlobalLocale german(std::locale(std::locale::classic(), new GermanPunctuation));
-  std::ostringstream probe;
-  probe << 1234.5;
-  ASSERT_EQ("1.234,5", probe.str());
-
-  metaData->setFrontWindowFile(
-      write("frontmost.dat", "0.5 -3.4028235e38 3.4e38 1440.5 3.40282356e38\n"));
-  metaData->setCursorLocationFile(write("cursorlocation.dat", "1.25 1234.5 0.125\n"));
-  EXPECT_EQ(Rect<float>(-FLT_MAX, 3.4e38f, 1440.5f, FLT_MAX),
-            metaData->frontWindowParam()->valueAt(15));
-  EXPECT_EQ("0 15 ", keyFrameTimes(*metaData->frontWindowParam()));
-  EXPECT_EQ(Point(1234.5, 0.125, 0), metaData->cursorLocationParam()->valueAt(38));
-  EXPECT_EQ("0 38 ", keyFrameTimes(*metaData->cursorLocationParam()));  // 37.5
-
-  // The source's element, whose numbers a locale would group.
-  const auto stats = MediaFileStats::create();
-  stats->setFilename("tone.wav");
-  MediaFileStats::TrackStats track;
-  track.type = MediaFileStats::Audio;
-  track.range = Range<long long>(0, 1234567);
-  track.editRate = EditRate(48000);
-  track.sampleRate = EditRate(48000);
-  stats->addTrackStats(track);
-  const auto source = Source::create(stats);
-  std::ostringstream xml;
-  XMLable::Options options(xml);
-  source->toXML(options, 0, std::string());
-  EXPECT_NE(std::string::npos,
-            xml.str().find("<Source id=\"" + std::to_string(source->xmlIdent()) + "\" "))
-      << xml.str();
-  EXPECT_NE(std::string::npos,
-            xml.str().find("range=\"(0,1234567)\" type=\"2\" editRate=\"48000/1\""))
-      << xml.str();
 }
 
 }  // namespace
