@@ -1,6 +1,7 @@
 #include "media/media/IMFile.h"
 
 #include "core/Attribute.h"
+#include "core/EditRateConversion.h"
 #include "core/XMLText.h"
 #include "media/media/ConstMediaDispatcher.h"
 #include "media/media/Transformer.h"
@@ -32,6 +33,8 @@ IMFile::IMFile(long long mediaStart, long long duration, boost::weak_ptr<const T
     : VisualMedia(project, mediaStart, duration), FileRepresentation(source, trackIndex) {}
 
 IMFile::IMFile(const IMFile& other) : VisualMedia(other), FileRepresentation(other) {}
+
+long long IMFile::defaultDuration(const EditRate& rate) { return secondsToEditUnits(5.0, rate); }
 
 float IMFile::width() const { return static_cast<float>(trackRect().width); }
 

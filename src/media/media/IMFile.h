@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ProjectEditRate.h"
 #include "media/media/FileRepresentation.h"
 #include "media/media/VisualMedia.h"
 #include "values/Parameter.h"
@@ -26,6 +27,12 @@ class IMFile : public VisualMedia, public FileRepresentation {
                                           boost::weak_ptr<const ThreadSafe> project,
                                           boost::shared_ptr<const Source> source,
                                           unsigned int trackIndex);
+
+  /// How long a still lasts when it comes from its source, having no length
+  /// of its own: 5 seconds, as editors commonly place pictures, in edit
+  /// units of `rate` (150 at 30/1). Throws `KelMediaLibException` on a rate
+  /// of 0.
+  static long long defaultDuration(const EditRate& rate);
 
   float width() const override;
   float height() const override;

@@ -1,5 +1,6 @@
 #include "media/metadata/ScreenMetaData.h"
 
+#include "core/EditRateConversion.h"
 #include "core/KelMediaLibException.h"
 #include "core/ProjectEditRate.h"
 #include "core/XMLText.h"
@@ -11,7 +12,6 @@
 #include <cmath>
 #include <fstream>
 #include <ostream>
-#include <sstream>
 
 namespace KelMediaLib {
 
@@ -30,13 +30,13 @@ bool readNumber(const std::string& token, double& value) {
   return result.ec == std::errc() && result.ptr == end && std::isfinite(value);
 }
 
+// Read as a float directly: through a double, a number could round twice,
+// and the largest floats (up to FLT_MAX) would not survive a range check
+// made in double.
 bool readFloat(const std::string& token, float& value) {
-  double wide = 0;
-  if (!readNumber(token, wide) || std::fabs(wide) > 3.4e38) {
-    return false;
-  }
-  value = static_cast<float>(wide);
-  return true;
+  const char* end = token.data() + token.size();
+  const auto result = std::from_chars(token.data(), end, value);
+  return result.ec == std::errc() && result.ptr == end && std::isfinite(value);
 }
 
 bool readWhole(const std::string& token, int& value) {
@@ -93,18 +93,6 @@ Tokens split(const std::string& line) {
   }
 }
 
-// Seconds to the nearest edit unit; false for a time that is negative or
-// beyond the 64-bit time axis.
-bool toEditUnits(double seconds, const EditRate& rate, long long& time) {
-  const long double units =
-      static_cast<long double>(seconds) * rate.numerator() / rate.denominator();
-  if (!(seconds >= 0) || units > 9.2e18L) {
-    return false;
-  }
-  time = std::llround(units);
-  return true;
-}
-
 // Reads every record of one file into a new parameter named `name`; the
 // parameter keeps its resting key frame unless a record lands at time 0.
 template <class T, class Parse>
@@ -134,15 +122,21 @@ boost::shared_ptr<Parameter<T>> readFile(const std::string& fileName, const std:
     if (tokens.empty()) {
       continue;
     }
+    const std::string where =
+        "screen metadata: \"" + fileName + "\", line " + std::to_string(number) + ": ";
     double seconds = 0;
-    long long time = 0;
     T value = defaultValue;
-    const bool timed = readNumber(tokens[0], seconds) && toEditUnits(seconds, rate, time);
+    const bool timed = readNumber(tokens[0], seconds) && seconds >= 0;
     tokens.erase(tokens.begin());
     if (!timed || !parse(tokens, value)) {
-      throw KelMediaLibException("screen metadata: \"" + fileName + "\", line " +
-                                 std::to_string(number) + ": a " + name + " record is \"" + form +
+      throw KelMediaLibException(where + "a " + name + " record is \"" + form +
                                  "\" (seconds 0 or more, then numbers), not \"" + line + "\"");
+    }
+    long long time = 0;
+    try {
+      time = secondsToEditUnits(seconds, rate);
+    } catch (const KelMediaLibException& e) {
+      throw KelMediaLibException(where + e.what());
     }
     parameter->addKeyFrame(time, value);
     anyRecord = true;

@@ -33,11 +33,13 @@ class ThreadSafe;
 /// - cursor location: `t x y`
 /// - cursor action: `t mask` (a whole number, 0 or more)
 /// - changed rectangles: `t n x1 y1 w1 h1 ... xn yn wn hn`
-/// A time becomes the nearest edit unit; a later record at the same edit
-/// unit wins. A relative file name is read beside the media's file. The
-/// setters build the metadata before it is shared (set on a `VMFile` by
-/// command); each replaces its parameter as a whole, or throws and changes
-/// nothing.
+/// Numbers are read in the C form ('.' for decimals), whatever the locale;
+/// coordinates take any finite float. A time becomes edit units of the
+/// project's rate by `secondsToEditUnits` (the nearest unit, halves away
+/// from zero); a later record at the same edit unit wins. A relative file
+/// name is read beside the media's file. The setters build the metadata
+/// before it is shared (set on a `VMFile` by command); each replaces its
+/// parameter as a whole, or throws and changes nothing.
 ///
 /// Written as `<ScreenMetaData>` with a `<ParameterFile filename paramName/>`
 /// for each file read, "paramName" being "topmostWindowCoordinates",

@@ -1,5 +1,6 @@
 #include "media/sources/Source.h"
 
+#include "core/EditRateConversion.h"
 #include "core/KelMediaLibException.h"
 #include "core/XMLText.h"
 #include "media/media/AMFile.h"
@@ -12,6 +13,7 @@
 #include <boost/filesystem.hpp>
 
 #include <ctime>
+#include <limits>
 #include <ostream>
 #include <set>
 #include <string>
@@ -57,6 +59,42 @@ MetaDataSetter setterFor(const std::string& fileName) {
 
 std::string trackLabel(const MediaFileStats& stats, unsigned int index) {
   return "source \"" + stats.filename() + "\", track " + std::to_string(index);
+}
+
+std::string rangeText(const Range<long long>& range) {
+  return "(" + std::to_string(range.start) + "," + std::to_string(range.duration) + ")";
+}
+
+// The track's range in units of the project's rate. Its ends are converted,
+// not its start and length: ranges that meet in the track's units meet in
+// edit units too.
+Range<long long> editUnitRange(const MediaFileStats& stats, unsigned int index,
+                               const EditRate& projectRate) {
+  const MediaFileStats::TrackStats& track = stats.trackStats()[index];
+  const Range<long long>& range = track.range;
+  if (range == Range<long long>()) {
+    return range;
+  }
+  const auto refuse = [&](const std::string& why) {
+    return KelMediaLibException(trackLabel(stats, index) + ": its range " + rangeText(range) + " " +
+                                why);
+  };
+  if (track.editRate.numerator() == 0) {
+    throw refuse("comes without the edit rate it is counted in");
+  }
+  if (range.start < 0 || range.duration < 0) {
+    throw refuse("is negative");
+  }
+  if (range.duration > std::numeric_limits<long long>::max() - range.start) {
+    throw refuse("ends beyond the 64-bit time axis");
+  }
+  try {
+    const long long start = rescaleEditUnits(range.start, track.editRate, projectRate);
+    const long long end = rescaleEditUnits(range.end(), track.editRate, projectRate);
+    return Range<long long>(start, end - start);
+  } catch (const KelMediaLibException& e) {
+    throw refuse(std::string("doesn't convert to edit units: ") + e.what());
+  }
 }
 
 void attachMetaData(const boost::shared_ptr<VMFile>& video, const MediaFileStats& stats,
@@ -113,12 +151,17 @@ boost::shared_ptr<Source> Source::create(boost::shared_ptr<MediaFileStats> stats
   if (!stats) {
     throw KelMediaLibException("a source needs the stats of its file");
   }
-  const boost::shared_ptr<Source> owner(new Source(stats));
+  boost::optional<EditRate> rate;
+  if (const boost::shared_ptr<const ProjectEditRate> withRate = editRate.lock()) {
+    rate = withRate->editRate();
+  }
+  const boost::shared_ptr<Source> owner(new Source(stats, rate));
   owner->makeMedia(owner, project, editRate);
   return boost::shared_ptr<Source>(owner.get(), Release(owner));
 }
 
-Source::Source(boost::shared_ptr<MediaFileStats> stats) : stats_(stats) {}
+Source::Source(boost::shared_ptr<MediaFileStats> stats, boost::optional<EditRate> editRate)
+    : stats_(stats), editRate_(editRate) {}
 
 Source::~Source() = default;
 
@@ -130,25 +173,29 @@ void Source::makeMedia(const boost::shared_ptr<const Source>& self,
   const std::vector<MediaFileStats::TrackStats>& tracks = stats_->trackStats();
   for (unsigned int index = 0; index < tracks.size(); ++index) {
     const MediaFileStats::TrackStats& track = tracks[index];
+    const Range<long long> range = *trackRange(index);
     switch (track.type) {
       case MediaFileStats::Video: {
-        const boost::shared_ptr<VMFile> video = VMFile::create(track.range, project, self, index);
+        const boost::shared_ptr<VMFile> video = VMFile::create(range, project, self, index);
         if (!track.metaDataFiles.empty()) {
           attachMetaData(video, *stats_, index, project, editRate);
         }
         made.push_back(video);
         break;
       }
-      case MediaFileStats::Image:
-        made.push_back(
-            IMFile::create(track.range.start, track.range.duration, project, self, index));
+      case MediaFileStats::Image: {
+        // A picture has no length of its own; the stats of a still say 0.
+        const long long duration =
+            range.duration == 0 && editRate_ ? IMFile::defaultDuration(*editRate_) : range.duration;
+        made.push_back(IMFile::create(range.start, duration, project, self, index));
         break;
+      }
       case MediaFileStats::Audio: {
         std::set<unsigned int> channels;
         for (int channel = 0; channel < track.numChannels; ++channel) {
           channels.insert(static_cast<unsigned int>(channel));
         }
-        made.push_back(AMFile::create(track.range, project, self, index, channels));
+        made.push_back(AMFile::create(range, project, self, index, channels));
         break;
       }
     }
@@ -161,7 +208,10 @@ boost::optional<Range<long long>> Source::trackRange(unsigned int trackIndex) co
   if (trackIndex >= tracks.size()) {
     return boost::none;
   }
-  return tracks[trackIndex].range;
+  if (!editRate_) {
+    return tracks[trackIndex].range;
+  }
+  return editUnitRange(*stats_, trackIndex, *editRate_);
 }
 
 void Source::xmlName(Options& options) const {
@@ -170,7 +220,9 @@ void Source::xmlName(Options& options) const {
 
 void Source::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
-  out << "id=\"" << xmlIdent() << '"';
+  writeLiteral(out, "id=\"");
+  writeXMLValue(out, xmlIdent());
+  writeLiteral(out, "\"");
   writeXMLAttribute(out, "src", stats_->filename());
   out << " lastMod=\"";
   writeStamp(out, stats_->lastModified());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KelObject.h"
+#include "core/ProjectEditRate.h"
 #include "core/XMLIdentified.h"
 #include "core/XMLable.h"
 #include "values/Range.h"
@@ -17,7 +18,6 @@ namespace KelMediaLib {
 
 class Media;
 class MediaFileStats;
-class ProjectEditRate;
 class ThreadSafe;
 
 /// A file of the source bin, described by its stats, which it shares, with
@@ -26,6 +26,14 @@ class ThreadSafe;
 /// sound, each showing the track's whole range and named by the track's file.
 /// A video track that lists metadata files gives its `VMFile` a
 /// `ScreenMetaData` read from those of them that exist.
+///
+/// Time: the stats give each track's range in the track's own units (frames,
+/// samples) at the track's `editRate`; the source hands out, and its media
+/// show, ranges in edit units of the project's rate. Both ends of a range are
+/// converted by `rescaleEditUnits` (nearest unit, halves away from zero), so
+/// a 0.25 s sound of 2000 samples at 8000 Hz lasts 8 units at 30/1. A still
+/// whose track has no length lasts `IMFile::defaultDuration`. A source made
+/// without a project edit rate converts nothing: its ranges are the stats'.
 ///
 /// Ownership: the handle that `create` returns, and its copies, keep the
 /// source's media. The media themselves hold the source by a handle of
@@ -82,10 +90,11 @@ class Source : public KelObject, public XMLable, public virtual XMLIdentified {
   };
 
   /// A source of `stats` whose media belong to `project` (their lock) and
-  /// whose screen metadata times use `editRate`. Throws
-  /// `KelMediaLibException` on null stats, on a track its media can't show,
-  /// on metadata files of an unknown kind or malformed, and on metadata
-  /// files without an edit rate to read them with.
+  /// whose times are in edit units of `editRate`'s project. Throws
+  /// `KelMediaLibException` on null stats; on a track its media can't show,
+  /// whose range is negative, or too large for the project's rate, or given
+  /// without a rate of its own; on metadata files of an unknown kind or
+  /// malformed, and on metadata files without an edit rate to read them with.
   static boost::shared_ptr<Source> create(
       boost::shared_ptr<MediaFileStats> stats,
       boost::weak_ptr<const ThreadSafe> project = boost::weak_ptr<const ThreadSafe>(),
@@ -94,8 +103,10 @@ class Source : public KelObject, public XMLable, public virtual XMLIdentified {
   ~Source() override;
 
   boost::shared_ptr<const MediaFileStats> mediaFileStats() const { return stats_; }
-  /// The range of the track of that index, in source edit units; none when
-  /// the stats have no such track.
+  /// The range of the track of that index in edit units of the project (on
+  /// the media's source axis); none when the stats have no such track.
+  /// Throws `KelMediaLibException` as `create` does on a range it can't
+  /// convert.
   boost::optional<Range<long long>> trackRange(unsigned int trackIndex) const;
 
   /// The source's media of kind `T`, from the first.
@@ -117,13 +128,15 @@ class Source : public KelObject, public XMLable, public virtual XMLIdentified {
  private:
   class Release;
 
-  explicit Source(boost::shared_ptr<MediaFileStats> stats);
+  Source(boost::shared_ptr<MediaFileStats> stats, boost::optional<EditRate> editRate);
 
   void makeMedia(const boost::shared_ptr<const Source>& self,
                  const boost::weak_ptr<const ThreadSafe>& project,
                  const boost::weak_ptr<const ProjectEditRate>& editRate);
 
   boost::shared_ptr<MediaFileStats> stats_;
+  /// The project's edit rate; none for a source outside a project.
+  boost::optional<EditRate> editRate_;
   std::vector<boost::shared_ptr<const Media>> media_;
 };
 

@@ -4,10 +4,12 @@
 #include "media/project/InternalProject.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
+#include "support/GermanLocale.h"
 
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -56,21 +58,31 @@ std::string keyFrames(const Parameter<T>& parameter) {
   return out.str();
 }
 
+// Numbers are in the C form whatever the global locale; a coordinate may be
+// any finite float.
 TEST_F(ScreenMetaDataTest, ReadsEachFileIntoItsParameterInEditUnits) {
+  const testsupport::GermanLocale german;
   EXPECT_FALSE(metaData->hasContent());
   metaData->setFrontWindowFile(write("frontmost.dat",
                                      "\xEF\xBB\xBF# front window\r\n"
                                      "0.5 10 20 300 200\r\n"
                                      "\r\n"
-                                     "  2   0 0 1440.5 900  # full screen\r\n"));
-  metaData->setCursorLocationFile(write("cursorlocation.dat", "0 1 2\n0.1 3.5 4\n1e0 5 6\n"));
+                                     "  2   0 0 1440.5 900  # full screen\r\n"
+                                     "2.5 -3.4028235e38 3.4e38 0.125 3.40282356e38\n"));
+  metaData->setCursorLocationFile(
+      write("cursorlocation.dat", "0 1 2\n0.1 3.5 4\n1e0 5 6\n1.25 1234.5 0.125\n"));
   metaData->setCursorActionFile(write("cursoraction.dat", "0.0333 5\n0.04 0\n"));
   metaData->setDirtyRectsFile(write("dirtyrect.dat", "1 2 0 0 10 10 5 5 1 1\n1.5 0\n"));
   EXPECT_TRUE(metaData->hasContent());
 
-  EXPECT_EQ("0:(0,0,0,0) 15:(10,20,300,200) 60:(0,0,1440.5,900) ",
-            keyFrames(*metaData->frontWindowParam()));
-  EXPECT_EQ("0:(1,2,0) 3:(3.5,4,0) 30:(5,6,0) ", keyFrames(*metaData->cursorLocationParam()));
+  EXPECT_EQ(
+      "0:(0,0,0,0) 15:(10,20,300,200) 60:(0,0,1440.5,900) "
+      "75:(-3.4028235e+38,3.4e+38,0.125,3.4028235e+38) ",
+      keyFrames(*metaData->frontWindowParam()));
+  EXPECT_EQ(FLT_MAX, metaData->frontWindowParam()->valueAt(75).height);
+  // 1.25 s are 37.5 units.
+  EXPECT_EQ("0:(1,2,0) 3:(3.5,4,0) 30:(5,6,0) 38:(1234.5,0.125,0) ",
+            keyFrames(*metaData->cursorLocationParam()));
   // Both actions round to edit unit 1; the later one wins.
   EXPECT_EQ("0:0 1:0 ", keyFrames(*metaData->cursorActionParam()));
   EXPECT_EQ((std::vector<Rect<float>>{Rect<float>(0, 0, 10, 10), Rect<float>(5, 5, 1, 1)}),
@@ -107,6 +119,10 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
       {&ScreenMetaData::setCursorActionFile, "0 1\n1 -2\n", 2},
       {&ScreenMetaData::setDirtyRectsFile, "0 2 0 0 1 1\n", 1},
       {&ScreenMetaData::setDirtyRectsFile, "0 1 0 0 1 1\n1 0\n2 1 a 0 1 1\n", 3},
+      // Beyond the largest float; a time beyond the 64-bit axis.
+      {&ScreenMetaData::setFrontWindowFile, "0 0 0 1 1\n1 0 0 3.4028236e38 1\n", 2},
+      {&ScreenMetaData::setDirtyRectsFile, "0 1 0 0 1e39 1\n", 1},
+      {&ScreenMetaData::setCursorActionFile, "0 1\n1e300 1\n", 2},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);

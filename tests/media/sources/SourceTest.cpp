@@ -8,6 +8,7 @@
 #include "media/sources/Clipping.h"
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
+#include "support/GermanLocale.h"
 #include "values/Point.h"
 
 #include <boost/filesystem.hpp>
@@ -70,7 +71,9 @@ TEST(MediaFileStatsTest, TrackTypesReadAsTheirNumbers) {
   EXPECT_THROW(stats->trackStatsAt(0), KelMediaLibException);
 }
 
+// The numbers are written in the C form whatever the global locale.
 TEST(SourceTest, SourceElementListsItsTracks) {
+  const testsupport::GermanLocale german;
   const boost::shared_ptr<Source> source = mediatest::makeSource();
   boost::const_pointer_cast<MediaFileStats>(source->mediaFileStats())->setLastModified(1167609599);
   std::ostringstream out;
@@ -113,6 +116,7 @@ TEST(SourceTest, MakesOneMediaPerTrackIterableByKind) {
     MediaFileStats::TrackStats track;
     track.type = t.first;
     track.range = Range<long long>(0, 90);
+    track.editRate = EditRate(30);
     track.numChannels = 2;
     track.fileName = folder + "/" + t.second;
     if (t.second == "screen.mov") {
