@@ -18,7 +18,7 @@ CMAKE_ARGS ?=
 
 PACKAGES := g++ make cmake pkg-config \
 	libboost-dev libboost-filesystem-dev libboost-date-time-dev \
-	libexpat1-dev libavformat-dev libavutil-dev \
+	libexpat1-dev libavformat-dev libavcodec-dev libavutil-dev \
 	libgtest-dev libgmock-dev libbenchmark-dev
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
