@@ -122,14 +122,17 @@ void addDirtyRects(long long time, const std::vector<KelMediaLib::Rect<float>>& 
   for (const KelMediaLib::Rect<float>& rect : rects) vector.push_back(calcZDRect(time, rect, height));
 }
 
-// Every key frame of `parameter` in time order. The iterator holds the
-// project's read lock for the walk.
+// Every key frame of `parameter` in time order, but the parameter's resting
+// one (its default value at 0, there whenever no record landed at 0): it was
+// never recorded, and a cursor at rest at (0, 0) would place clicks in the
+// corner. A record of the default value at 0 carries nothing either. The
+// iterator holds the project's read lock for the walk.
 template <class T, class Append>
 void walk(const Parameter<T>& parameter, Append append) {
   const KelMediaLib::ParameterIterator<T> end = parameter.end();
   for (KelMediaLib::ParameterIterator<T> it = parameter.begin(); it != end; ++it) {
     const std::pair<long long, T> entry = *it;
-    append(entry.first, entry.second);
+    if (entry.first != 0 || !(entry.second == T())) append(entry.first, entry.second);
   }
 }
 

@@ -29,7 +29,9 @@ class ZoomdriftCmdUtil {
   /// actions (one record per bit of a mask), cursor locations and changed
   /// rectangles in the order of their times, the media's rectangle as the one
   /// recording region, the fade and the stretch of the recording shown.
-  /// `fadeDuration` is in edit time; `params` gets it in recording time.
+  /// A metadata parameter at rest (its default value at time 0) gives no
+  /// record. `fadeDuration` is in edit time; `params` gets it in recording
+  /// time.
   static void genZoomdriftParams(boost::shared_ptr<const KelMediaLib::VMFile> media,
                                  Params* params, long long fadeDuration);
 

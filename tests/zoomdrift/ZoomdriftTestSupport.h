@@ -26,6 +26,22 @@ inline bool operator==(const ZD_TIME_RECT& a, const ZD_TIME_RECT& b) {
   return a.time == b.time && a.rect == b.rect;
 }
 
+inline bool operator==(const ZD_MOUSE_ACTION& a, const ZD_MOUSE_ACTION& b) {
+  return a.time == b.time && a.action == b.action;
+}
+
+inline bool operator==(const ZD_MOUSE_LOCATION& a, const ZD_MOUSE_LOCATION& b) {
+  return a.time == b.time && a.x == b.x && a.y == b.y;
+}
+
+inline std::ostream& operator<<(std::ostream& out, const ZD_MOUSE_ACTION& a) {
+  return out << a.time << ":" << a.action;
+}
+
+inline std::ostream& operator<<(std::ostream& out, const ZD_MOUSE_LOCATION& l) {
+  return out << l.time << ":(" << l.x << "," << l.y << ")";
+}
+
 inline std::ostream& operator<<(std::ostream& out, const Rectangle& r) {
   return out << "{" << r.left << "," << r.right << "," << r.top << "," << r.bottom << "}";
 }
