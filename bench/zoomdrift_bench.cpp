@@ -69,8 +69,9 @@ Params oneHour() {
     if (random.below(5) == 0) {
       toX = 100 + random.below(1720);
       toY = 100 + random.below(880);
-      params.foreWindows().push_back({leave, {static_cast<int>(toX - 300), static_cast<int>(toX + 300),
-                                              static_cast<int>(toY - 200), static_cast<int>(toY + 200)}});
+      params.foreWindows().push_back({leave,
+                                      {static_cast<int>(toX - 300), static_cast<int>(toX + 300),
+                                       static_cast<int>(toY - 200), static_cast<int>(toY + 200)}});
     } else {
       toX = std::min(1900LL, std::max(20LL, x + random.below(401) - 200));
       toY = std::min(1060LL, std::max(20LL, y + random.below(401) - 200));
@@ -80,9 +81,9 @@ Params oneHour() {
       params.cursorLocations().push_back({next, static_cast<int>(x + (toX - x) * flown / 24),
                                           static_cast<int>(y + (toY - y) * flown / 24)});
       if (next % 6 == 0 && next < typingUntil) {
-        params.dirtyRects().push_back(
-            {next, {static_cast<int>(caret), static_cast<int>(caret + 9), static_cast<int>(y - 10),
-                    static_cast<int>(y + 10)}});
+        params.dirtyRects().push_back({next,
+                                       {static_cast<int>(caret), static_cast<int>(caret + 9),
+                                        static_cast<int>(y - 10), static_cast<int>(y + 10)}});
         caret += 9;
       } else if (next % 6 == 0) {
         params.dirtyRects().push_back({next, {1840, 1900, 1050, 1070}});
@@ -162,8 +163,8 @@ struct HourProject {
     metaData->setCursorLocationFile("locations.dat");
     metaData->setCursorActionFile("actions.dat");
     metaData->setDirtyRectsFile("dirty.dat");
-    project->execute(boost::make_shared<
-                     KelMediaLib::SetAttributeValueCmd<boost::shared_ptr<const KelMediaLib::ScreenMetaData>>>(
+    project->execute(boost::make_shared<KelMediaLib::SetAttributeValueCmd<
+                         boost::shared_ptr<const KelMediaLib::ScreenMetaData>>>(
         video->screenMetaData(), metaData));
   }
 };

@@ -15,8 +15,9 @@ boost::shared_ptr<ReplaceActionWithZoomdriftAtTimeCmd> ReplaceActionWithZoomdrif
     boost::shared_ptr<const Action> action, boost::shared_ptr<const KelMediaLib::VMFile> media,
     boost::shared_ptr<ZoomdriftNS::Zoomdrift> engine, boost::shared_ptr<const ActionBin> actionBin,
     int canvasWidth, int canvasHeight) {
-  return boost::shared_ptr<ReplaceActionWithZoomdriftAtTimeCmd>(new ReplaceActionWithZoomdriftAtTimeCmd(
-      action, media, engine, actionBin, canvasWidth, canvasHeight));
+  return boost::shared_ptr<ReplaceActionWithZoomdriftAtTimeCmd>(
+      new ReplaceActionWithZoomdriftAtTimeCmd(action, media, engine, actionBin, canvasWidth,
+                                              canvasHeight));
 }
 
 ReplaceActionWithZoomdriftAtTimeCmd::ReplaceActionWithZoomdriftAtTimeCmd(

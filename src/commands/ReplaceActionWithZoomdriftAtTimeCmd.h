@@ -46,8 +46,8 @@ class ReplaceActionWithZoomdriftAtTimeCmd : public OrvMultiCommand {
   ReplaceActionWithZoomdriftAtTimeCmd(boost::shared_ptr<const Action> action,
                                       boost::shared_ptr<const KelMediaLib::VMFile> media,
                                       boost::shared_ptr<ZoomdriftNS::Zoomdrift> engine,
-                                      boost::shared_ptr<const ActionBin> actionBin,
-                                      int canvasWidth, int canvasHeight);
+                                      boost::shared_ptr<const ActionBin> actionBin, int canvasWidth,
+                                      int canvasHeight);
   ReplaceActionWithZoomdriftAtTimeCmd(const ReplaceActionWithZoomdriftAtTimeCmd& other) = default;
 
   boost::shared_ptr<const Action> action_;

@@ -40,9 +40,8 @@ void ZoomdriftAddActionAtTimeCmd::executeCommands(KelMediaLib::CommandHandler co
       ZoomdriftAddActionUtil::genParams(media_, fadeDuration_, canvasWidth_, canvasHeight_);
   long long arrival = 0;
   if (__builtin_add_overflow(time_, fadeDuration_, &arrival)) {
-    throw OrvException("ZoomdriftAddActionAtTimeCmd: a zoom at " + std::to_string(time_) +
-                       " of " + std::to_string(fadeDuration_) +
-                       " units ends beyond the time axis");
+    throw OrvException("ZoomdriftAddActionAtTimeCmd: a zoom at " + std::to_string(time_) + " of " +
+                       std::to_string(fadeDuration_) + " units ends beyond the time axis");
   }
   try {
     // The engine counts in recording time, the action in the media's own.

@@ -50,8 +50,8 @@ void ZoomdriftAddActionUtil::setScaleTranslateZoomWithRect(
   addRange(description, "translation1", translation[1]);
   addRange(description, "translation2", translation[2]);
   // A zoom shows the picture upright and whole, whatever it had before.
-  for (const char* name : {"rotation0", "rotation1", "rotation2", "geometryCrop0",
-                           "geometryCrop1", "geometryCrop2", "geometryCrop3"}) {
+  for (const char* name : {"rotation0", "rotation1", "rotation2", "geometryCrop0", "geometryCrop1",
+                           "geometryCrop2", "geometryCrop3"}) {
     addRange(description, name, 0.0);
   }
   command->orvExecute(AddActionCmd::create(media, bin, description, time, duration));

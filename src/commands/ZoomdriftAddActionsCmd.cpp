@@ -41,6 +41,8 @@ ZoomdriftAddActionsCmd* ZoomdriftAddActionsCmd::clone() const {
   return new ZoomdriftAddActionsCmd(*this);
 }
 
-std::string ZoomdriftAddActionsCmd::description() const { return "ZoomdriftAddActionsCmd"; }
+std::string ZoomdriftAddActionsCmd::description() const {
+  return "ZoomdriftAddActionsCmd";
+}
 
 }  // namespace OrvMediaLib

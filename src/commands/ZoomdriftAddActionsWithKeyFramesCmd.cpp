@@ -8,18 +8,16 @@
 namespace OrvMediaLib {
 
 boost::shared_ptr<ZoomdriftAddActionsWithKeyFramesCmd> ZoomdriftAddActionsWithKeyFramesCmd::create(
-    boost::shared_ptr<const KelMediaLib::VMFile> media, KeyFrames keyFrames,
-    long long fadeDuration, boost::shared_ptr<const ActionBin> actionBin, int canvasWidth,
-    int canvasHeight) {
+    boost::shared_ptr<const KelMediaLib::VMFile> media, KeyFrames keyFrames, long long fadeDuration,
+    boost::shared_ptr<const ActionBin> actionBin, int canvasWidth, int canvasHeight) {
   return boost::shared_ptr<ZoomdriftAddActionsWithKeyFramesCmd>(
-      new ZoomdriftAddActionsWithKeyFramesCmd(media, std::move(keyFrames), fadeDuration,
-                                              actionBin, canvasWidth, canvasHeight));
+      new ZoomdriftAddActionsWithKeyFramesCmd(media, std::move(keyFrames), fadeDuration, actionBin,
+                                              canvasWidth, canvasHeight));
 }
 
 ZoomdriftAddActionsWithKeyFramesCmd::ZoomdriftAddActionsWithKeyFramesCmd(
-    boost::shared_ptr<const KelMediaLib::VMFile> media, KeyFrames keyFrames,
-    long long fadeDuration, boost::shared_ptr<const ActionBin> actionBin, int canvasWidth,
-    int canvasHeight)
+    boost::shared_ptr<const KelMediaLib::VMFile> media, KeyFrames keyFrames, long long fadeDuration,
+    boost::shared_ptr<const ActionBin> actionBin, int canvasWidth, int canvasHeight)
     : media_(media),
       keyFrames_(std::move(keyFrames)),
       fadeDuration_(fadeDuration),

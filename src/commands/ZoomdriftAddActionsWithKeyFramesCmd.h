@@ -45,8 +45,8 @@ class ZoomdriftAddActionsWithKeyFramesCmd : public OrvMultiCommand {
  private:
   ZoomdriftAddActionsWithKeyFramesCmd(boost::shared_ptr<const KelMediaLib::VMFile> media,
                                       KeyFrames keyFrames, long long fadeDuration,
-                                      boost::shared_ptr<const ActionBin> actionBin,
-                                      int canvasWidth, int canvasHeight);
+                                      boost::shared_ptr<const ActionBin> actionBin, int canvasWidth,
+                                      int canvasHeight);
   ZoomdriftAddActionsWithKeyFramesCmd(const ZoomdriftAddActionsWithKeyFramesCmd& other);
 
   boost::shared_ptr<const KelMediaLib::VMFile> media_;

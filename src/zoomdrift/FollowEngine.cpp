@@ -39,8 +39,12 @@ long long recordingUnits(double seconds, double timeScale) {
   return units >= 9.2e18 ? LLONG_MAX : std::llround(units);
 }
 
-long long width(const Rectangle& r) { return static_cast<long long>(r.right) - r.left; }
-long long height(const Rectangle& r) { return static_cast<long long>(r.bottom) - r.top; }
+long long width(const Rectangle& r) {
+  return static_cast<long long>(r.right) - r.left;
+}
+long long height(const Rectangle& r) {
+  return static_cast<long long>(r.bottom) - r.top;
+}
 
 bool operator==(const Rectangle& a, const Rectangle& b) {
   return a.left == b.left && a.right == b.right && a.top == b.top && a.bottom == b.bottom;
@@ -103,8 +107,7 @@ void checkParams(const Params& params) {
         ZDERR_NO_RECORDING_REGION);
   for (const ZD_TIME_RECT& region : params.recordingRegions()) {
     check(width(region.rect) > 0 && height(region.rect) > 0,
-          "zoomdrift: the recording region at time " + std::to_string(region.time) +
-              " has no area",
+          "zoomdrift: the recording region at time " + std::to_string(region.time) + " has no area",
           ZDERR_NO_RECORDING_REGION);
   }
   check(params.targetWidth() > 0 && params.targetHeight() > 0,
@@ -270,7 +273,8 @@ class FollowRun {
       long first = index;
       while (first > 0 && locations_[static_cast<std::size_t>(first)].time >= cap) {
         const ZD_MOUSE_LOCATION& earlier = locations_[static_cast<std::size_t>(first - 1)];
-        if (std::llabs(earlier.x - at.x) > kRestRadius || std::llabs(earlier.y - at.y) > kRestRadius)
+        if (std::llabs(earlier.x - at.x) > kRestRadius ||
+            std::llabs(earlier.y - at.y) > kRestRadius)
           break;
         --first;
       }
@@ -296,8 +300,10 @@ class FollowRun {
       Point at = centre(r);
       Point cursor = {0, 0};
       if ((width(r) > size.w || height(r) > size.h) && cursorAt(window.time, cursor)) {
-        at = {std::min(std::max(cursor.x, static_cast<long long>(r.left)), static_cast<long long>(r.right)),
-              std::min(std::max(cursor.y, static_cast<long long>(r.top)), static_cast<long long>(r.bottom))};
+        at = {std::min(std::max(cursor.x, static_cast<long long>(r.left)),
+                       static_cast<long long>(r.right)),
+              std::min(std::max(cursor.y, static_cast<long long>(r.top)),
+                       static_cast<long long>(r.bottom))};
       }
       activities_.push_back({window.time, at});
     }
@@ -483,14 +489,15 @@ boost::shared_ptr<FollowEngine> FollowEngine::create(const Settings& settings) {
   return boost::shared_ptr<FollowEngine>(new FollowEngine(settings));
 }
 
-boost::shared_ptr<FollowEngine> FollowEngine::create() { return create(Settings()); }
+boost::shared_ptr<FollowEngine> FollowEngine::create() {
+  return create(Settings());
+}
 
 FollowEngine::FollowEngine(const Settings& settings) : settings_(settings) {
   const auto duration = [](double seconds) { return std::isfinite(seconds) && seconds >= 0; };
   check(!std::isnan(settings.zoom), "FollowEngine: the zoom is not a number", ZDERR_BAD_SETTING);
   check(duration(settings.idleSeconds) && duration(settings.holdSeconds),
-        "FollowEngine: the idle and hold times must be finite and not negative",
-        ZDERR_BAD_SETTING);
+        "FollowEngine: the idle and hold times must be finite and not negative", ZDERR_BAD_SETTING);
   check(settings.marginFraction >= 0 && settings.marginFraction < 0.5,
         "FollowEngine: the margin must be from 0 up to 0.5 of a rectangle's size",
         ZDERR_BAD_SETTING);

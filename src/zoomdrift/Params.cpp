@@ -23,15 +23,21 @@ Params& Params::setTargetHeight(int height) {
   return *this;
 }
 
-void Params::setTimeScale(double timeScale) { timeScale_ = timeScale; }
+void Params::setTimeScale(double timeScale) {
+  timeScale_ = timeScale;
+}
 
-void Params::setFadeDuration(long long fadeDuration) { fadeDuration_ = fadeDuration; }
+void Params::setFadeDuration(long long fadeDuration) {
+  fadeDuration_ = fadeDuration;
+}
 
 void Params::setClipInterval(long long start, long long stop) {
   clipStart_ = start;
   clipStop_ = stop;
 }
 
-void Params::setWindowsFlag(bool windows) { windows_ = windows; }
+void Params::setWindowsFlag(bool windows) {
+  windows_ = windows;
+}
 
 }  // namespace ZoomdriftNS

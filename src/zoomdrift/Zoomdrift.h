@@ -21,8 +21,8 @@ class Zoomdrift {
 
   /// All key frames of the whole recording, in time order. `reserved` is 0:
   /// the library passes no options. May throw `ZoomdriftException`.
-  virtual std::unique_ptr<std::vector<ZD_TIME_RECT>> calcZoomdriftKeyframes(
-      Params const& params, long reserved) = 0;
+  virtual std::unique_ptr<std::vector<ZD_TIME_RECT>> calcZoomdriftKeyframes(Params const& params,
+                                                                            long reserved) = 0;
 
   /// The key frame for one instant: a vector whose first element holds the
   /// rectangle in force at `time`. May throw `ZoomdriftException`.

@@ -82,8 +82,9 @@ ZD_TIME_RECT genRecordingRegion(const VMFile& media) {
 ZD_TIME_RECT calcZDRect(long long time, const KelMediaLib::Rect<float>& rect, int /*height*/) {
   const float rightEdge = rect.x + rect.width;
   const float bottomEdge = rect.y + rect.height;
-  ZD_TIME_RECT result = {time, {truncateToInt(rect.x), truncateToInt(rightEdge),
-                                truncateToInt(rect.y), truncateToInt(bottomEdge)}};
+  ZD_TIME_RECT result = {time,
+                         {truncateToInt(rect.x), truncateToInt(rightEdge), truncateToInt(rect.y),
+                          truncateToInt(bottomEdge)}};
   if (result.rect.right < result.rect.left) std::swap(result.rect.left, result.rect.right);
   if (result.rect.bottom < result.rect.top) std::swap(result.rect.top, result.rect.bottom);
   return result;
@@ -119,7 +120,8 @@ void addZDRect(long long time, const KelMediaLib::Rect<float>& rect,
 
 void addDirtyRects(long long time, const std::vector<KelMediaLib::Rect<float>>& rects, int height,
                    std::vector<ZD_TIME_RECT>& vector) {
-  for (const KelMediaLib::Rect<float>& rect : rects) vector.push_back(calcZDRect(time, rect, height));
+  for (const KelMediaLib::Rect<float>& rect : rects)
+    vector.push_back(calcZDRect(time, rect, height));
 }
 
 // Every key frame of `parameter` in time order, but the parameter's resting
@@ -141,8 +143,8 @@ void genCursorActionVector(std::vector<ZD_MOUSE_ACTION>& vector, const ScreenMet
        [&](long long time, int value) { addZDMouseAction(time, value, vector); });
 }
 
-void genCursorLocationVector(std::vector<ZD_MOUSE_LOCATION>& vector,
-                             const ScreenMetaData& metaData, int height) {
+void genCursorLocationVector(std::vector<ZD_MOUSE_LOCATION>& vector, const ScreenMetaData& metaData,
+                             int height) {
   walk(*metaData.cursorLocationParam(), [&](long long time, const KelMediaLib::Point& point) {
     addCursorPoint(time, point, height, vector);
   });
@@ -198,7 +200,8 @@ void ZoomdriftCmdUtil::genZoomdriftParams(boost::shared_ptr<const VMFile> media,
   params->recordingRegions().push_back(genRecordingRegion(*media));
   params->setFadeDuration(recordingTime(*media, fadeDuration));
   const KelMediaLib::Range<double> shown = media->sourceRange();
-  params->setClipInterval(truncateToTime(shown.start), truncateToTime(shown.start + shown.duration));
+  params->setClipInterval(truncateToTime(shown.start),
+                          truncateToTime(shown.start + shown.duration));
 }
 
 double ZoomdriftCmdUtil::calcLeftTrim(ZD_TIME_RECT const& rect, double, double) {
@@ -217,9 +220,10 @@ double ZoomdriftCmdUtil::calcBottomTrim(ZD_TIME_RECT const& rect, double, double
   return height - static_cast<double>(rect.rect.bottom);
 }
 
-void ZoomdriftCmdUtil::calculateScaleTranslateWithRectangle(
-    Rectangle const& rect, float canvasWidth, float canvasHeight,
-    boost::shared_ptr<const VMFile> media, double* scale, double* translation) {
+void ZoomdriftCmdUtil::calculateScaleTranslateWithRectangle(Rectangle const& rect,
+                                                            float canvasWidth, float canvasHeight,
+                                                            boost::shared_ptr<const VMFile> media,
+                                                            double* scale, double* translation) {
   requireMedia(media, "calculateScaleTranslateWithRectangle");
   if (!scale || !translation) {
     throw OrvMediaLib::OrvException(

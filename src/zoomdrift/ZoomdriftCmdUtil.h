@@ -32,8 +32,8 @@ class ZoomdriftCmdUtil {
   /// A metadata parameter at rest (its default value at time 0) gives no
   /// record. `fadeDuration` is in edit time; `params` gets it in recording
   /// time.
-  static void genZoomdriftParams(boost::shared_ptr<const KelMediaLib::VMFile> media,
-                                 Params* params, long long fadeDuration);
+  static void genZoomdriftParams(boost::shared_ptr<const KelMediaLib::VMFile> media, Params* params,
+                                 long long fadeDuration);
 
   /// What to crop away from a `width` by `height` picture so that `rect`
   /// remains: from the left, top, right and bottom.

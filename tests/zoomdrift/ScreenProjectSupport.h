@@ -5,6 +5,7 @@
 
 #include "zoomdrift/ZoomdriftTestSupport.h"
 
+#include "actions/ActionTestSupport.h"
 #include "media/commands/AddMediaCmd.h"
 #include "media/commands/NewVisualMixerCmd.h"
 #include "media/commands/NewVisualTrackCmd.h"
@@ -21,9 +22,7 @@
 #include <boost/filesystem.hpp>
 #include <boost/make_shared.hpp>
 
-#include <cstdio>
 #include <fstream>
-#include <map>
 #include <sstream>
 #include <string>
 
@@ -31,16 +30,7 @@ namespace zoomtest {
 
 using KelMediaLib::VMFile;
 
-/// The text of the exception that `f` throws; empty if it throws none.
-template <class F>
-std::string failure(F f) {
-  try {
-    f();
-  } catch (const std::exception& e) {
-    return e.what();
-  }
-  return "";
-}
+using actiontest::failure;
 
 struct ScreenProject {
   boost::shared_ptr<OrvMediaLib::InternalOrvProject> project;
@@ -77,37 +67,31 @@ struct ScreenProject {
     ASSERT_TRUE(project->execute(command));
   }
 
-  /// Writes `recording`'s records as the four metadata files (times in
-  /// seconds of this project's rate) and sets the metadata by command.
+  /// Writes `recording`'s cursor locations and clicks as metadata files
+  /// (times in seconds of this project's rate; no windows, no changes) and
+  /// sets the metadata by command.
   void attach(const ZoomdriftNS::Params& recording, unsigned rate = 30) {
-    const auto seconds = [rate](long long time) {
-      char text[32];
-      std::snprintf(text, sizeof text, "%.12g", static_cast<double>(time) / rate);
-      return std::string(text);
-    };
-    std::ostringstream windows, locations, actions, dirty;
-    for (const auto& w : recording.foreWindows())
-      windows << seconds(w.time) << ' ' << w.rect.left << ' ' << w.rect.top << ' '
-              << w.rect.right - w.rect.left << ' ' << w.rect.bottom - w.rect.top << '\n';
+    std::ostringstream locations, actions;
+    locations.precision(12);
+    actions.precision(12);
     for (const auto& l : recording.cursorLocations())
-      locations << seconds(l.time) << ' ' << l.x << ' ' << l.y << '\n';
-    std::map<long long, int> masks;
-    for (const auto& a : recording.cursorActions()) masks[a.time] |= 1 << a.action;
-    for (const auto& m : masks) actions << seconds(m.first) << ' ' << m.second << '\n';
-    std::map<long long, std::vector<Rectangle>> changes;
-    for (const auto& d : recording.dirtyRects()) changes[d.time].push_back(d.rect);
-    for (const auto& c : changes) {
-      dirty << seconds(c.first) << ' ' << c.second.size();
-      for (const Rectangle& r : c.second)
-        dirty << ' ' << r.left << ' ' << r.top << ' ' << r.right - r.left << ' '
-              << r.bottom - r.top;
-      dirty << '\n';
-    }
+      locations << static_cast<double>(l.time) / rate << ' ' << l.x << ' ' << l.y << '\n';
+    for (const auto& a : recording.cursorActions())
+      actions << static_cast<double>(a.time) / rate << " 1\n";
+    write("windows.dat", "");
+    write("locations.dat", locations.str());
+    write("actions.dat", actions.str());
+    write("dirty.dat", "");
+    readFiles();
+  }
+
+  /// Reads the four files into new metadata and sets it by command.
+  void readFiles() {
     const auto metaData = KelMediaLib::ScreenMetaData::create(project, video, project);
-    metaData->setFrontWindowFile(write("windows.dat", windows.str()));
-    metaData->setCursorLocationFile(write("locations.dat", locations.str()));
-    metaData->setCursorActionFile(write("actions.dat", actions.str()));
-    metaData->setDirtyRectsFile(write("dirty.dat", dirty.str()));
+    metaData->setFrontWindowFile("windows.dat");
+    metaData->setCursorLocationFile("locations.dat");
+    metaData->setCursorActionFile("actions.dat");
+    metaData->setDirtyRectsFile("dirty.dat");
     run(boost::make_shared<
         KelMediaLib::SetAttributeValueCmd<boost::shared_ptr<const KelMediaLib::ScreenMetaData>>>(
         video->screenMetaData(), metaData));
@@ -150,7 +134,8 @@ struct ScriptedEngine : ZoomdriftNS::Zoomdrift {
     return std::unique_ptr<KeyFrames>(new KeyFrames{{time, atTime}});
   }
   void failIfScripted() const {
-    if (fails) throw ZoomdriftNS::ZoomdriftException("no region", ZoomdriftNS::ZDERR_NO_RECORDING_REGION);
+    if (fails)
+      throw ZoomdriftNS::ZoomdriftException("no region", ZoomdriftNS::ZDERR_NO_RECORDING_REGION);
   }
 };
 
