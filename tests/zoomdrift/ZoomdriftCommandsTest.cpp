@@ -307,5 +307,38 @@ TEST(ZoomdriftEndToEndTest, ReferenceEngineZoomsARecordingOfTheProject) {
   EXPECT_EQ(after, screen.xml());
 }
 
+TEST(ZoomdriftEndToEndTest, EveryCommandWorksWithTheReferenceEngine) {
+  ScreenProject screen("reference");
+  screen.attach(Recording("move 0 100 100 60 800 500, stay 61 900 800 500, click 70").params);
+  const auto bin = screen.project->zdActionBin();
+  const auto engine = ZoomdriftNS::FollowEngine::create();
+  // At 100 + 15 the zoom of the click (from 70 on) is in force.
+  screen.project->orvExecute(
+      ZoomdriftAddActionAtTimeCmd::create(screen.video, engine, 100, 15, bin, 1280, 720));
+  EXPECT_EQ("100+15: 1>2 0>-320 0>280\n", actions(screen, bin));
+  const auto old = bin->mediasActions(screen.video)->front();
+  screen.project->orvExecute(
+      ReplaceActionWithZoomdriftAtTimeCmd::create(old, screen.video, engine, bin, 1280, 720));
+  EXPECT_EQ("100+15: 1>2 0>-320 0>280\n", actions(screen, bin));
+  EXPECT_FALSE(bin->containsAction(old));
+  screen.project->undo();
+  screen.project->undo();
+  // The engine's own key frames, handed over.
+  screen.project->orvExecute(ZoomdriftAddActionsWithKeyFramesCmd::create(
+      screen.video,
+      engine->calcZoomdriftKeyframes(ZoomdriftAddActionUtil::genParams(screen.video, 15, 1280, 720),
+                                     0),
+      15, bin, 1280, 720));
+  EXPECT_EQ("55+15: 1>2 0>-320 0>280\n160+15: 2>1 -320>0 280>0\n", actions(screen, bin));
+  // The engine's refusal of an empty canvas is printed.
+  ::testing::internal::CaptureStdout();
+  screen.project->orvExecute(
+      ZoomdriftAddActionAtTimeCmd::create(screen.video, engine, 300, 15, bin, 0, 720));
+  EXPECT_EQ(
+      "ZoomdriftException while calling calcZoomdriftKeyframeAtTime: zoomdrift: the target size "
+      "0x720 is empty\n",
+      ::testing::internal::GetCapturedStdout());
+}
+
 }  // namespace
 }  // namespace zoomtest
