@@ -204,6 +204,7 @@
 #include "commands/RemoveDraggedRightEdgeTransitionCmd.h"
 #include "commands/RemoveEdgeTransitionCmd.h"
 #include "commands/RemoveParameterRangeCmd.h"
+#include "commands/ReplaceActionWithZoomdriftAtTimeCmd.h"
 #include "commands/RemoveSelectedEdgeTransitionCmd.h"
 #include "commands/RemoveSelectedLeftEdgeTransitionCmd.h"
 #include "commands/RemoveSelectedRightEdgeTransitionCmd.h"
@@ -212,6 +213,10 @@
 #include "commands/TrimActionEndCmd.h"
 #include "commands/TrimActionStartCmd.h"
 #include "commands/UndoCmd.h"
+#include "commands/ZoomdriftAddActionAtTimeCmd.h"
+#include "commands/ZoomdriftAddActionUtil.h"
+#include "commands/ZoomdriftAddActionsCmd.h"
+#include "commands/ZoomdriftAddActionsWithKeyFramesCmd.h"
 
 // Project
 #include "project/InternalOrvProject.h"
@@ -223,3 +228,10 @@
 #include "edge/LeftEdgeTransition.h"
 #include "edge/ReadyTransitions.h"
 #include "edge/RightEdgeTransition.h"
+
+// Automatic zoom
+#include "zoomdrift/FollowEngine.h"
+#include "zoomdrift/Params.h"
+#include "zoomdrift/Zoomdrift.h"
+#include "zoomdrift/ZoomdriftCmdUtil.h"
+#include "zoomdrift/ZoomdriftException.h"

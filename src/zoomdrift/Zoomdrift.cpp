@@ -1,0 +1,7 @@
+#include "zoomdrift/Zoomdrift.h"
+
+namespace ZoomdriftNS {
+
+Zoomdrift::~Zoomdrift() = default;
+
+}  // namespace ZoomdriftNS
