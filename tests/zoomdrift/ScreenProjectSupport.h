@@ -18,6 +18,7 @@
 #include "values/SetAttributeValueCmd.h"
 #include "zoomdrift/Zoomdrift.h"
 #include "zoomdrift/ZoomdriftException.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/filesystem.hpp>
 #include <boost/make_shared.hpp>
@@ -42,7 +43,7 @@ struct ScreenProject {
   /// of `rate` units a second, its files in a folder named `name`.
   explicit ScreenProject(const std::string& name, unsigned rate = 30, long long duration = 900)
       : project(OrvMediaLib::InternalOrvProject::create(rate, 1)),
-        folder(::testing::TempDir() + "zoomdrift-" + name) {
+        folder(testsupport::scratchFolder("zoomdrift-" + name)) {
     run(KelMediaLib::NewVisualMixerCmd::create(1280, 720));
     const auto newTrack = KelMediaLib::NewVisualTrackCmd::create(-1);
     run(newTrack);

@@ -5,6 +5,7 @@
 #include "media/sources/MediaFileStats.h"
 #include "media/sources/Source.h"
 #include "support/GermanLocale.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ class ScreenMetaDataTest : public ::testing::Test {
  protected:
   void SetUp() override {
     project = InternalProject::create(EditRate(30, 1));
-    folder = ::testing::TempDir() + "screen-metadata-test";
+    folder = testsupport::scratchFolder("screen-metadata-test");
     boost::filesystem::create_directories(folder);
     const auto stats = MediaFileStats::create();
     stats->setFilename(folder + "/screen.mov");

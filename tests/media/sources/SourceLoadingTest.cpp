@@ -10,6 +10,7 @@
 #include "media/sources/Source.h"
 #include "media/sources/SourceBinSentry.h"
 #include "media/sources/StatsLoader.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <boost/filesystem.hpp>
@@ -101,7 +102,7 @@ class SourceCommandsTest : public ::testing::Test {
 };
 
 TEST_F(SourceCommandsTest, EditsAreUndoneAndRedoneExactly) {
-  const std::string moved = ::testing::TempDir() + "moved-recording";
+  const std::string moved = testsupport::scratchFolder("source-loading") + "/moved-recording";
   boost::filesystem::create_directories(moved);
   struct Case {
     const char* name;
@@ -154,7 +155,7 @@ TEST_F(SourceCommandsTest, EditsAreUndoneAndRedoneExactly) {
 }
 
 TEST_F(SourceCommandsTest, RefusedEditsChangeNothing) {
-  const std::string empty = ::testing::TempDir() + "empty.mp4";
+  const std::string empty = testsupport::scratchFolder("source-loading") + "/empty.mp4";
   std::ofstream(empty).close();
   const std::string before = snapshot();
   for (const std::string& path : {std::string("/no/such/clip.mp4"), empty, ::testing::TempDir()}) {

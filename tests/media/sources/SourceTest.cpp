@@ -10,6 +10,7 @@
 #include "media/sources/Source.h"
 #include "support/GermanLocale.h"
 #include "values/Point.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
@@ -102,7 +103,7 @@ TEST(ClippingTest, NeedsASourceAndALength) {
 
 TEST(SourceTest, MakesOneMediaPerTrackIterableByKind) {
   const boost::shared_ptr<InternalProject> project = InternalProject::create(EditRate(30, 1));
-  const std::string folder = ::testing::TempDir() + "recording-for-source-test";
+  const std::string folder = testsupport::scratchFolder("recording-for-source-test");
   boost::filesystem::create_directories(folder);
   std::ofstream(folder + "/cursorlocation.dat") << "0.5 10 20\n";
   const boost::shared_ptr<MediaFileStats> stats = MediaFileStats::create();

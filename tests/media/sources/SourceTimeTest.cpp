@@ -11,6 +11,7 @@
 #include "media/sources/Source.h"
 #include "media/sources/StatsLoader.h"
 #include "support/MediaFileWriter.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/filesystem.hpp>
 #include <boost/make_shared.hpp>
@@ -30,7 +31,7 @@ namespace {
 class SourceTimeTest : public ::testing::Test {
  public:
   static void SetUpTestSuite() {
-    folder() = ::testing::TempDir() + "source-time-test";
+    folder() = testsupport::scratchFolder("source-time-test");
     boost::filesystem::create_directories(folder());
     using testsupport::MediaFile;
     writeMediaFile(path("tone44100.wav"), MediaFile{{}, {{44100, 1, 11025}}});

@@ -20,6 +20,7 @@
 #include "media/timeline/VisualMixer.h"
 #include "values/SetAttributeValueCmd.h"
 #include "values/VectorParam.h"
+#include "support/ScratchFolder.h"
 
 #include <boost/lexical_cast.hpp>
 
@@ -155,9 +156,9 @@ class ProjectWriterTest : public testSupport::TimelineFixture {
     run(boost::make_shared<SetAttributeValueCmd<std::string>>(movie->ident(), name));
     const auto blur = GenericEffect::create("Blur", weak());
     run(AddEffectCmd::create(movie, blur));
-    std::ofstream(::testing::TempDir() + "cursor.txt") << "0.5 10 20\n";
+    std::ofstream(testsupport::scratchFolder("project-writer") + "/cursor.txt") << "0.5 10 20\n";
     const auto metaData = ScreenMetaData::create(weak(), movie, project);
-    metaData->setCursorLocationFile(::testing::TempDir() + "cursor.txt");
+    metaData->setCursorLocationFile(testsupport::scratchFolder("project-writer") + "/cursor.txt");
     run(boost::make_shared<SetAttributeValueCmd<boost::shared_ptr<const ScreenMetaData>>>(
         movie->screenMetaData(), metaData));
     run(MoveLeftEdgeModCmd::create(movie, 20));
@@ -237,12 +238,12 @@ TEST_F(ProjectWriterTest, ProjectsBuiltAlikeAreWrittenAlikeButForIdents) {
 
 TEST_F(ProjectWriterTest, RefusesBeforeWritingAndNamesAFileItCannotWrite) {
   populate("clip");
-  const std::string path = ::testing::TempDir() + "project.xml";
+  const std::string path = testsupport::scratchFolder("project-writer") + "/project.xml";
   ProjectWriter::write(*project, path);
   std::ifstream in(path);
   EXPECT_EQ(written(), std::string(std::istreambuf_iterator<char>(in), {}));
   std::remove(path.c_str());
-  const std::string bad = ::testing::TempDir() + "missing/project.xml";
+  const std::string bad = testsupport::scratchFolder("project-writer") + "/missing/project.xml";
   try {
     ProjectWriter::write(*project, bad);
     ADD_FAILURE() << "wrote " << bad;
