@@ -3,6 +3,8 @@
 #   make test           build and run the unit tests
 #   make test-sanitize  the same under AddressSanitizer + UndefinedBehaviorSanitizer,
 #                       and the lock tests under ThreadSanitizer
+#   make soak           10,000 random command sequences of up to 60 steps under
+#                       AddressSanitizer + UndefinedBehaviorSanitizer
 #   make bench          build and run the benchmarks
 #   make consumer       install into a staging tree and build tests/consumer against it,
 #                       once through CMake and once through pkg-config
@@ -23,7 +25,7 @@ PACKAGES := g++ make cmake pkg-config \
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps build test test-sanitize test-asan test-tsan bench consumer install clean
+.PHONY: all deps build test test-sanitize test-asan test-tsan soak bench consumer install clean
 
 all: build
 
@@ -65,6 +67,17 @@ test-tsan: deps
 	  ctest --output-on-failure -j $(JOBS) -R 'Concurrency'
 
 test-sanitize: test-asan test-tsan
+
+SOAK_SEQUENCES ?= 10000
+SOAK_LENGTH    ?= 60
+
+soak: deps
+	cmake -S . -B $(ASAN_DIR) -DCMAKE_BUILD_TYPE=Asan -DORVMEDIALIB_WERROR=ON \
+	  -DORVMEDIALIB_BUILD_BENCHMARKS=OFF $(CMAKE_ARGS)
+	cmake --build $(ASAN_DIR) -j $(JOBS) --target project_tests
+	ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ORV_MODEL_SEQUENCES=$(SOAK_SEQUENCES) ORV_MODEL_LENGTH=$(SOAK_LENGTH) \
+	  $(ASAN_DIR)/tests/project_tests --gtest_filter='ModelRandomTest.*'
 
 bench: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS) --target benchmarks

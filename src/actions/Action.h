@@ -6,6 +6,7 @@
 #include "core/XMLable.h"
 #include "values/Range.h"
 
+#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <list>
@@ -39,7 +40,8 @@ typedef std::list<boost::shared_ptr<const Action>> ActionList;
 class Action : public KelMediaLib::Subject,
                public KelMediaLib::Cloneable,
                public KelMediaLib::XMLable,
-               public virtual KelMediaLib::XMLIdentified {
+               public virtual KelMediaLib::XMLIdentified,
+               public boost::enable_shared_from_this<Action> {
  public:
   ~Action() override;
 

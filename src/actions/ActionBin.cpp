@@ -2,6 +2,7 @@
 
 #include "actions/CollisionEnforcer.h"
 #include "actions/OrvException.h"
+#include "core/EditJournal.h"
 #include "core/Observer.h"
 #include "core/XMLText.h"
 #include "media/effects/Effect.h"
@@ -74,11 +75,36 @@ ActionBin::~ActionBin() {
   }
 }
 
+ActionBin::JournalState ActionBin::journalState() const {
+  JournalState state;
+  state.actions.assign(actions_.begin(), actions_.end());
+  return state;
+}
+
+void ActionBin::restoreJournalState(const JournalState& state) {
+  for (const auto& entry : actions_) {
+    enforcer_->removeMedia(entry.first);
+  }
+  actions_ = ActionMap(state.actions.begin(), state.actions.end());
+  for (const auto& entry : actions_) {
+    for (const auto& action : entry.second) {
+      enforcer_->addAction(entry.first, action);
+    }
+  }
+}
+
+void ActionBin::journalEdit() {
+  if (KelMediaLib::EditJournal::current()) {
+    KelMediaLib::EditJournal::note(weak_from_this().lock());
+  }
+}
+
 void ActionBin::addAction(boost::shared_ptr<const Media> media,
                           boost::shared_ptr<const Action> action) {
   if (!media || !action) {
     throw OrvException("unable to add action without a media and an action");
   }
+  journalEdit();
   const auto found = actions_.find(media);
   if (found == actions_.end()) {
     actions_.emplace(media, ActionList(1, action));
@@ -108,6 +134,7 @@ void ActionBin::removeAction(boost::shared_ptr<const Action> action) {
     if (found == list.end()) {
       continue;
     }
+    journalEdit();
     const boost::shared_ptr<const Media> media = entry->first;
     list.erase(found);
     // Observers hear of it while the media's entry is still there.
@@ -127,6 +154,7 @@ void ActionBin::removeMedia(boost::shared_ptr<const Media> media) {
   if (found == actions_.end()) {
     throw OrvException("attempting to remove a media that isn't in the action bin");
   }
+  journalEdit();
   enforcer_->removeMedia(media);
   actions_.erase(found);
   notifyMedia(media);

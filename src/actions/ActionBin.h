@@ -7,11 +7,14 @@
 #include "core/XMLable.h"
 #include "values/Range.h"
 
+#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace KelMediaLib {
 class Media;
@@ -37,7 +40,8 @@ class CollisionEnforcer;
 class ActionBin : public KelMediaLib::KelObject,
                   public KelMediaLib::Subject,
                   public KelMediaLib::XMLable,
-                  public virtual KelMediaLib::XMLIdentified {
+                  public virtual KelMediaLib::XMLIdentified,
+                  public boost::enable_shared_from_this<ActionBin> {
  public:
   /// A new empty bin.
   static boost::shared_ptr<ActionBin> create();
@@ -94,6 +98,14 @@ class ActionBin : public KelMediaLib::KelObject,
   /// Stops telling `observer` of any media.
   void mediaDetach(KelMediaLib::Observer* observer) const;
 
+  /// The actions of each media, for `EditJournal`.
+  struct JournalState {
+    std::vector<std::pair<boost::shared_ptr<const KelMediaLib::Media>, ActionList>> actions;
+  };
+  JournalState journalState() const;
+  /// Puts the lists back and has the enforcer watch exactly their actions.
+  void restoreJournalState(const JournalState& state);
+
   void xmlName(Options& options) const override;
   /// `id=".."`: the file requires one on every bin though no reader uses it;
   /// the bin's name comes as the extra attributes of `toXML`.
@@ -120,6 +132,7 @@ class ActionBin : public KelMediaLib::KelObject,
 
   ActionBin();
   void notifyMedia(const boost::shared_ptr<const KelMediaLib::Media>& media) const;
+  void journalEdit();
   /// The entry of the media that holds `parametric` (itself, or as an effect).
   ActionMap::const_iterator findParametric(const KelMediaLib::Parametric* parametric) const;
 

@@ -1,6 +1,8 @@
 #include "actions/ActionGraveyard.h"
 
 #include "actions/Action.h"
+#include "actions/OrvException.h"
+#include "core/EditJournal.h"
 #include "media/media/Media.h"
 
 #include <algorithm>
@@ -28,9 +30,24 @@ unsigned int ActionGraveyard::numMedias() const {
   return static_cast<unsigned int>(zombies_.size());
 }
 
+void ActionGraveyard::journalEdit() {
+  if (KelMediaLib::EditJournal::current()) {
+    KelMediaLib::EditJournal::note(weak_from_this().lock());
+  }
+}
+
+void ActionGraveyard::letGoOfMediaThatWent() {
+  zombies_.remove_if([](const Entry& entry) { return entry.first.expired(); });
+}
+
 void ActionGraveyard::addAction(boost::shared_ptr<const ActionBin> bin,
                                 boost::shared_ptr<const Media> media,
                                 boost::shared_ptr<const Action> action) {
+  if (!media) {
+    throw OrvException("the graveyard keeps actions of a media only");
+  }
+  journalEdit();
+  letGoOfMediaThatWent();
   const auto found = std::find_if(zombies_.begin(), zombies_.end(), [&media](const Entry& entry) {
     return isFor(entry, media.get());
   });
@@ -66,6 +83,8 @@ void ActionGraveyard::cloneMediasZombies(const Media* source,
 }
 
 void ActionGraveyard::remove(boost::shared_ptr<const Media> media) {
+  journalEdit();
+  letGoOfMediaThatWent();
   zombies_.remove_if([&media](const Entry& entry) { return isFor(entry, media.get()); });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 
@@ -23,10 +24,10 @@ typedef std::pair<boost::shared_ptr<const ActionBin>, boost::shared_ptr<const Ac
 /// media that hasn't reached a track yet. One entry per media, in order of
 /// first arrival, each with its zombies in order of arrival.
 ///
-/// Media are held weakly, actions and bins strongly. An entry whose media
-/// has gone stays (and is counted) until the graveyard ends; a lookup of a
-/// null media finds the first such entry.
-class ActionGraveyard {
+/// Media are held weakly, actions and bins strongly. A media that has gone
+/// can never come back, so its entry and the actions in it are let go at the
+/// next change of the graveyard; a null media has no entry.
+class ActionGraveyard : public boost::enable_shared_from_this<ActionGraveyard> {
  public:
   typedef std::list<Zombie> ZombieList;
 
@@ -54,6 +55,16 @@ class ActionGraveyard {
 
  private:
   typedef std::pair<boost::weak_ptr<const KelMediaLib::Media>, ZombieList> Entry;
+
+ public:
+  /// The entries, for `EditJournal`.
+  typedef std::list<Entry> JournalState;
+  JournalState journalState() const { return zombies_; }
+  void restoreJournalState(const JournalState& state) { zombies_ = state; }
+
+ private:
+  void journalEdit();
+  void letGoOfMediaThatWent();
 
   std::list<Entry> zombies_;
 };

@@ -2,6 +2,7 @@
 
 #include "actions/OrvException.h"
 #include "actions/ParameterRange.h"
+#include "core/EditJournal.h"
 #include "core/XMLText.h"
 #include "media/effects/Effect.h"
 #include "media/media/Media.h"
@@ -62,6 +63,29 @@ ActionImpl::ActionImpl(const ActionImpl& other)
   }
 }
 
+ActionImpl::JournalState ActionImpl::journalState() const {
+  return JournalState{parametric_, parameterRanges_, timeRange_};
+}
+
+// The relay listens to exactly the ranges held.
+void ActionImpl::restoreJournalState(const JournalState& state) {
+  for (const auto& range : parameterRanges_) {
+    range->detach(observerRelay_.get());
+  }
+  parametric_ = state.parametric;
+  parameterRanges_ = state.ranges;
+  timeRange_ = state.timeRange;
+  for (const auto& range : parameterRanges_) {
+    range->attach(observerRelay_.get());
+  }
+}
+
+void ActionImpl::journalEdit() {
+  if (KelMediaLib::EditJournal::current()) {
+    KelMediaLib::EditJournal::note(boost::static_pointer_cast<ActionImpl>(weak_from_this().lock()));
+  }
+}
+
 ActionImpl::~ActionImpl() {
   for (const auto& range : parameterRanges_) {
     range->detach(observerRelay_.get());
@@ -91,6 +115,7 @@ void ActionImpl::setParametric(boost::shared_ptr<const Parametric> parametric) {
   if (!parametric) {
     throw OrvException("an action needs a parametric");
   }
+  journalEdit();
   parametric_ = parametric;
   for (auto& range : parameterRanges_) {
     // A copied action shares its source's ranges; the relay must not stay on
@@ -117,6 +142,7 @@ void ActionImpl::addParameterRange(const ParameterRange& range) {
   if (!rangeMatchesAction(range)) {
     throw OrvException("trying to add param range that doesn't match the action");
   }
+  journalEdit();
   const boost::shared_ptr<ParameterRange> copy = boost::make_shared<ParameterRange>(range);
   copy->attach(observerRelay_.get());
   parameterRanges_.push_back(copy);
@@ -126,6 +152,7 @@ void ActionImpl::removeParameterRange(const ParameterRange& range) {
   for (auto it = parameterRanges_.begin(); it != parameterRanges_.end(); ++it) {
     const ParameterRange& held = **it;
     if (held.parameter() == range.parameter() && held.timeRange() == range.timeRange()) {
+      journalEdit();
       // An action that loses its last range keeps its place.
       timeRange_ = Range<long long>(held.leftTime(), held.duration());
       held.detach(observerRelay_.get());
@@ -154,6 +181,7 @@ int ActionImpl::numParameterRanges() const {
 }
 
 void ActionImpl::setTimeRange(const Range<long long>& timeRange) {
+  journalEdit();
   timeRange_ = timeRange;
   notify();
 }

@@ -16,6 +16,16 @@ class ActionImpl : public KelMediaLib::KelObject, public Action {
  public:
   ~ActionImpl() override;
 
+  /// The parametric, the ranges in order and the own time range, for
+  /// `EditJournal`.
+  struct JournalState {
+    boost::shared_ptr<const KelMediaLib::Parametric> parametric;
+    ParameterRangeList ranges;
+    KelMediaLib::Range<long long> timeRange;
+  };
+  JournalState journalState() const;
+  void restoreJournalState(const JournalState& state);
+
   KelMediaLib::Range<long long> timeRange() const override;
   KelMediaLib::Range<long long> parametricTimeRange() const override;
   boost::shared_ptr<ParameterRangeList> parameterRanges() const override;
@@ -51,6 +61,8 @@ class ActionImpl : public KelMediaLib::KelObject, public Action {
   /// True if `range` has the key frame times of every range held (so always
   /// when there is none).
   bool rangeMatchesAction(const ParameterRange& range) const;
+  /// Notes the action in the open journal before a change.
+  void journalEdit();
 
  private:
   /// Turns a range's notification into `parameterRangeUpdate` of its action.

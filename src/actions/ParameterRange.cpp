@@ -4,6 +4,7 @@
 #include "actions/Modifier.h"
 #include "actions/OrvException.h"
 #include "actions/ParameterTime.h"
+#include "core/EditJournal.h"
 #include "core/XMLText.h"
 #include "values/Parameter.h"
 #include "values/Parametric.h"
@@ -59,6 +60,7 @@ ParameterRange::ParameterRange(const ParameterRange& other)
       KelMediaLib::Subject(other),
       KelMediaLib::Observer(other),
       KelMediaLib::XMLable(other),
+      boost::enable_shared_from_this<ParameterRange>(other),
       parametric_(other.parametric_),
       parameter_(other.parameter_),
       leftKeyframe_(other.leftKeyframe_),
@@ -74,7 +76,32 @@ ParameterRange::~ParameterRange() {
   parameter_->detach(this);
 }
 
+ParameterRange::JournalState ParameterRange::journalState() const {
+  return JournalState{
+      leftKeyframe_->value(), rightKeyframe_->value(), timeRange_, leftValue_, rightValue_,
+      interpolater_};
+}
+
+void ParameterRange::restoreJournalState(const JournalState& state) {
+  const auto left = boost::const_pointer_cast<KeyFrame<double>>(leftKeyframe_);
+  const auto right = boost::const_pointer_cast<KeyFrame<double>>(rightKeyframe_);
+  left->setValue(state.leftKeyframeValue);
+  right->setValue(state.rightKeyframeValue);
+  timeRange_ = state.seenTimeRange;
+  leftValue_ = state.seenLeftValue;
+  rightValue_ = state.seenRightValue;
+  interpolater_ = state.interpolater;
+}
+
+void ParameterRange::journalEdit() {
+  if (KelMediaLib::EditJournal::current()) {
+    KelMediaLib::EditJournal::note(weak_from_this().lock());
+    parameter_->journalEdit();
+  }
+}
+
 void ParameterRange::setInterpolater(boost::shared_ptr<InterpolaterRange> interpolater) {
+  journalEdit();
   interpolater_ = std::move(interpolater);
 }
 
@@ -102,6 +129,7 @@ Range<long long> ParameterRange::parametricTimeRange() const {
 }
 
 void ParameterRange::observerUpdate() {
+  journalEdit();
   bool changed = false;
   const Range<long long> now = timeRange();
   if (now != timeRange_) {

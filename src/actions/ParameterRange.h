@@ -8,6 +8,7 @@
 #include "values/KeyFrame.h"
 #include "values/Range.h"
 
+#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <memory>
@@ -40,9 +41,24 @@ class Modifier;
 class ParameterRange : public KelMediaLib::Subject,
                        public KelMediaLib::Observer,
                        public KelMediaLib::XMLable,
-                       public virtual KelMediaLib::XMLIdentified {
+                       public virtual KelMediaLib::XMLIdentified,
+                       public boost::enable_shared_from_this<ParameterRange> {
  public:
   typedef KelMediaLib::KeyFrame<double> KeyFrameType;
+
+  /// The key frames' values and what the range has seen of them, for
+  /// `EditJournal`. (Their times change only while they are in the parameter,
+  /// whose own state holds them.)
+  struct JournalState {
+    double leftKeyframeValue;
+    double rightKeyframeValue;
+    KelMediaLib::Range<long long> seenTimeRange;
+    double seenLeftValue;
+    double seenRightValue;
+    boost::shared_ptr<InterpolaterRange> interpolater;
+  };
+  JournalState journalState() const;
+  void restoreJournalState(const JournalState& state);
 
   /// Attaches the range to `parameter`. Throws `OrvException` if a pointer is
   /// null.
@@ -128,6 +144,8 @@ class ParameterRange : public KelMediaLib::Subject,
   bool xmlHasBody() const override { return false; }
 
  private:
+  /// Notes the range and its parameter in the open journal before a change.
+  void journalEdit();
   bool syncLeftValue();
   void handToPreviousKeyFrame();
   void handToNextKeyFrame();

@@ -5,9 +5,6 @@
 #include "values/Range.h"
 
 #include <boost/shared_ptr.hpp>
-#include <boost/smart_ptr/owner_less.hpp>
-
-#include <map>
 
 namespace KelMediaLib {
 class CommandHandler;
@@ -23,10 +20,10 @@ class ActionBin;
 
 /// Makes an action on a media from a description and puts it in a bin.
 ///
-/// Undo takes the action out and writes back the values that the described
-/// parameters had at the action's start before it came; redo puts the same
-/// action object back and writes the values that they had just after. The
-/// command keeps the action alive while it is undone.
+/// Undo takes the action out, redo puts the same action object back; the
+/// project's edit journal makes the parameters exactly what they were before
+/// and after (the values that the action's arrival handed to its neighbours
+/// included). The command keeps the action alive while it is undone.
 class AddActionCmd : public OrvCommandImpl {
  public:
   /// An action over (`start`, `duration`) of `media`'s own time, for `bin`.
@@ -36,9 +33,9 @@ class AddActionCmd : public OrvCommandImpl {
                                                 const ActionDescription& description,
                                                 long long start, long long duration);
 
-  /// Notes the values at the start, adds the action, notes them again.
-  /// Throws `OrvException` if a range description names no parameter of
-  /// doubles on the media; what the project throws passes through.
+  /// Adds the action. Throws `OrvException` if a range description names no
+  /// parameter of doubles on the media, or when run a second time; what the
+  /// project throws passes through.
   void execute(KelMediaLib::CommandHandler* handler) override;
   void unexecute(KelMediaLib::CommandHandler* handler) override;
   void reexecute(KelMediaLib::CommandHandler* handler) override;
@@ -53,24 +50,17 @@ class AddActionCmd : public OrvCommandImpl {
   static long long calcEditTime(const KelMediaLib::Parameter<double>& parameter, long long time);
 
  private:
-  typedef boost::shared_ptr<KelMediaLib::Parameter<double>> ParameterPtr;
-  typedef std::map<ParameterPtr, double, boost::owner_less<ParameterPtr>> ValueMap;
-
   AddActionCmd(boost::shared_ptr<const KelMediaLib::Media> media,
                boost::shared_ptr<const ActionBin> bin, const ActionDescription& description,
                long long start, long long duration);
 
-  void storeOrigValues(long long time, ValueMap& values) const;
-  /// The created action's start in the media's own time.
-  long long actionStart() const;
+  void requireParameters() const;
 
   boost::shared_ptr<Action> createdAction_;
   boost::shared_ptr<const KelMediaLib::Media> media_;
   boost::shared_ptr<const ActionBin> bin_;
   ActionDescription description_;
   KelMediaLib::Range<long long> range_;
-  ValueMap valuesBefore_;
-  ValueMap valuesAfter_;
 };
 
 }  // namespace OrvMediaLib

@@ -1,6 +1,7 @@
 #include "edge/EdgeTransitionBin.h"
 
 #include "actions/OrvException.h"
+#include "core/EditJournal.h"
 #include "core/Observer.h"
 #include "edge/LeftEdgeTransition.h"
 #include "edge/RightEdgeTransition.h"
@@ -101,6 +102,7 @@ boost::shared_ptr<const RightEdgeTransition> EdgeTransitionBin::rightEdgeTransit
 
 void EdgeTransitionBin::createEdgeTransitionsForMedia(
     boost::shared_ptr<const KelMediaLib::Media> media) {
+  KelMediaLib::EditJournal::noteUnjournaledEdit();
   EdgeTransitionPair& pair = ensurePair(media, "createEdgeTransitionsForMedia");
   pair.left.reset();
   pair.right.reset();
@@ -111,6 +113,7 @@ void EdgeTransitionBin::createEdgeTransitionsForMedia(
 
 void EdgeTransitionBin::updateEdgeTransitionsForMedia(
     boost::shared_ptr<const KelMediaLib::Media> media) {
+  KelMediaLib::EditJournal::noteUnjournaledEdit();
   EdgeTransitionPair* pair = pairOf(media);
   if (!pair) {
     createEdgeTransitionsForMedia(media);
@@ -126,6 +129,7 @@ void EdgeTransitionBin::updateEdgeTransitionsForMedia(
 void EdgeTransitionBin::addLeftEdgeTransition(
     boost::shared_ptr<const KelMediaLib::Media> media,
     boost::shared_ptr<const LeftEdgeTransition> transition) {
+  KelMediaLib::EditJournal::noteUnjournaledEdit();
   if (transition && transition->media() != media) {
     throw OrvException(
         "EdgeTransitionBin::addLeftEdgeTransition: the transition is on another media");
@@ -137,6 +141,7 @@ void EdgeTransitionBin::addLeftEdgeTransition(
 void EdgeTransitionBin::addRightEdgeTransition(
     boost::shared_ptr<const KelMediaLib::Media> media,
     boost::shared_ptr<const RightEdgeTransition> transition) {
+  KelMediaLib::EditJournal::noteUnjournaledEdit();
   if (transition && transition->media() != media) {
     throw OrvException(
         "EdgeTransitionBin::addRightEdgeTransition: the transition is on another media");

@@ -22,10 +22,12 @@ using KelMediaLib::Media;
 using KelMediaLib::Parameter;
 using KelMediaLib::ParameterInterface;
 using KelMediaLib::Range;
+using projectsupport::addTime;
 using projectsupport::Bins;
 using projectsupport::KeyFramePtr;
 using projectsupport::mediaOf;
 using projectsupport::require;
+using projectsupport::subtractTime;
 using projectsupport::writable;
 using projectsupport::writableParameter;
 
@@ -99,6 +101,14 @@ void throwIfMovingPastActions(const ParameterInterface& parameter, long long old
   }
 }
 
+// A trim that leaves an action without length. With ranges, the parameter
+// refuses it already, as a pair can't have both key frames at one time.
+void throwIfNoLength(long long start, long long end) {
+  if (subtractTime(end, start) <= 0) {
+    throw OrvException("an action can't be trimmed to no length");
+  }
+}
+
 // Only the neighbours in the action's own bin count.
 void throwIfCollisions(const ActionBin& bin, const Action& action, long long delta) {
   Range<long long> moved = action.timeRange();
@@ -153,6 +163,14 @@ boost::shared_ptr<Action> InternalOrvProject::addAction(boost::shared_ptr<const 
                                                         boost::shared_ptr<const ActionBin> bin,
                                                         ActionDescription const& description,
                                                         Range<long long> const& range) {
+  // Two key frames of a pair at one time would be one key frame.
+  if (range.duration < 0) {
+    throw OrvException("an action can't have a negative duration");
+  }
+  if (range.duration == 0 && description.begin() != description.end()) {
+    throw OrvException("an action of no length can't animate parameters");
+  }
+  addTime(range.start, range.duration);
   const boost::shared_ptr<Action> action = ActionCreator::createAction(media, description, range);
   addAction(bin, action);
   return action;
@@ -183,6 +201,9 @@ void InternalOrvProject::moveAction(boost::shared_ptr<const Action> action, long
   if (!bin) {
     throw OrvException("action doesn't exist inside any action bins");
   }
+  const Range<long long> now = action->timeRange();
+  addTime(now.start, delta);
+  addTime(now.end(), delta);
   throwIfCollisions(*bin, *action, delta);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   if (ranges->empty()) {
@@ -277,10 +298,14 @@ void InternalOrvProject::trimActionEnd(boost::shared_ptr<const Action> action, l
   if (delta == 0) {
     return;
   }
+  const Range<long long> now = action->timeRange();
+  // The new end and the new duration must both be representable.
+  const long long end = subtractTime(now.end(), delta);
+  subtractTime(end, now.start);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   if (ranges->empty()) {
-    const Range<long long> range = action->timeRange();
-    writable(*action).setTimeRange(Range<long long>(range.start, range.duration - delta));
+    throwIfNoLength(now.start, end);
+    writable(*action).setTimeRange(Range<long long>(now.start, end - now.start));
     return;
   }
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
@@ -297,10 +322,13 @@ void InternalOrvProject::trimActionStart(boost::shared_ptr<const Action> action,
   if (delta == 0) {
     return;
   }
+  const Range<long long> now = action->timeRange();
+  const long long start = addTime(now.start, delta);
+  subtractTime(now.end(), start);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   if (ranges->empty()) {
-    const Range<long long> range = action->timeRange();
-    writable(*action).setTimeRange(Range<long long>(range.start + delta, range.duration - delta));
+    throwIfNoLength(start, now.end());
+    writable(*action).setTimeRange(Range<long long>(start, now.end() - start));
     return;
   }
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {

@@ -12,6 +12,7 @@
 #include "media/project/ProjectWriter.h"
 #include "project/ProjectSupport.h"
 
+#include <boost/make_shared.hpp>
 #include <boost/pointer_cast.hpp>
 
 #include <string>
@@ -35,7 +36,7 @@ InternalOrvProject::InternalOrvProject(boost::shared_ptr<InternalProject> projec
       zdActionBin_(ActionBin::create()),
       videoEdgeTransitionBin_(EdgeTransitionBin::create()),
       audioEdgeTransitionBin_(EdgeTransitionBin::create()),
-      graveyard_(new ActionGraveyard()),
+      graveyard_(boost::make_shared<ActionGraveyard>()),
       audioActionBin_(ActionBin::create()) {
   project_->setCommandHandler(static_cast<KelMediaLib::CommandHandler*>(this));
 }

@@ -221,7 +221,7 @@ class InternalOrvProject : public OrvProject,
   boost::shared_ptr<ActionBin> zdActionBin_;
   boost::shared_ptr<EdgeTransitionBin> videoEdgeTransitionBin_;
   boost::shared_ptr<EdgeTransitionBin> audioEdgeTransitionBin_;
-  std::unique_ptr<ActionGraveyard> graveyard_;
+  boost::shared_ptr<ActionGraveyard> graveyard_;
   boost::shared_ptr<ActionBin> audioActionBin_;
 };
 

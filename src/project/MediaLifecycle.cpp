@@ -31,16 +31,18 @@ namespace {
 // its project.
 class CloneHandler : public CloneDecorator<Media> {
  public:
-  CloneHandler(ActionGraveyard* graveyard, std::vector<boost::weak_ptr<ActionBin>> actionBins)
-      : graveyard_(graveyard), actionBins_(std::move(actionBins)) {}
+  CloneHandler(boost::weak_ptr<ActionGraveyard> graveyard,
+               std::vector<boost::weak_ptr<ActionBin>> actionBins)
+      : graveyard_(std::move(graveyard)), actionBins_(std::move(actionBins)) {}
 
   void execute(const Media* source, boost::shared_ptr<const Media> clone) override {
     const Bins bins = lockActionBins();
-    if (bins.empty()) {
+    const boost::shared_ptr<ActionGraveyard> graveyard = graveyard_.lock();
+    if (bins.empty() || !graveyard) {
       return;
     }
-    putClonesActionsInGraveyard(bins, source, clone);
-    graveyard_->cloneMediasZombies(source, clone);
+    putClonesActionsInGraveyard(*graveyard, bins, source, clone);
+    graveyard->cloneMediasZombies(source, clone);
     clone->setCloneDecorator(new CloneHandler(graveyard_, actionBins_));
   }
 
@@ -58,17 +60,18 @@ class CloneHandler : public CloneDecorator<Media> {
     return bins;
   }
 
-  void putClonesActionsInGraveyard(const Bins& bins, const Media* source,
+  void putClonesActionsInGraveyard(ActionGraveyard& graveyard, const Bins& bins,
+                                   const Media* source,
                                    const boost::shared_ptr<const Media>& clone) const {
     for (const boost::shared_ptr<ActionBin>& bin : bins) {
       const boost::shared_ptr<ActionList> actions = bin->mediasActions(source);
       for (const boost::shared_ptr<const Action>& action : *actions) {
-        graveyard_->addAction(bin, clone, action->createCloneAction(source, clone));
+        graveyard.addAction(bin, clone, action->createCloneAction(source, clone));
       }
     }
   }
 
-  ActionGraveyard* graveyard_;
+  boost::weak_ptr<ActionGraveyard> graveyard_;
   std::vector<boost::weak_ptr<ActionBin>> actionBins_;
 };
 
@@ -86,7 +89,7 @@ void InternalOrvProject::addMedia(boost::shared_ptr<const KelMediaLib::Track> tr
   const Bins bins{actionBin_, zdActionBin_, audioActionBin_};
   if (media && !media->cloneDecorator()) {
     media->setCloneDecorator(new CloneHandler(
-        graveyard_.get(), std::vector<boost::weak_ptr<ActionBin>>(bins.begin(), bins.end())));
+        graveyard_, std::vector<boost::weak_ptr<ActionBin>>(bins.begin(), bins.end())));
   }
   project_->addMedia(track, media, time);
   const ActionGraveyard::ZombieList zombies = graveyard_->mediasZombies(media);

@@ -45,5 +45,25 @@ inline boost::shared_ptr<const KelMediaLib::Media> mediaOf(const Action& action)
   return boost::dynamic_pointer_cast<const KelMediaLib::Media>(action.parametric());
 }
 
+// Time arithmetic at the edge of the model: a result beyond 64 bits is
+// refused before anything changes, never wrapped.
+inline long long addTime(long long time, long long delta) {
+  long long sum = 0;
+  if (__builtin_add_overflow(time, delta, &sum)) {
+    throw OrvException("the time " + std::to_string(time) + " moved by " + std::to_string(delta) +
+                       " is beyond the range of time");
+  }
+  return sum;
+}
+
+inline long long subtractTime(long long time, long long delta) {
+  long long difference = 0;
+  if (__builtin_sub_overflow(time, delta, &difference)) {
+    throw OrvException("the time " + std::to_string(time) + " moved by -" + std::to_string(delta) +
+                       " is beyond the range of time");
+  }
+  return difference;
+}
+
 }  // namespace projectsupport
 }  // namespace OrvMediaLib

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/EditJournal.h"
 #include "core/Identified.h"
 #include "core/KelMediaLibException.h"
 #include "core/SubProject.h"
@@ -135,6 +136,7 @@ class Parameter : public SubProject,
 
   /// Adds a new key frame; one that stood at `time` is replaced.
   virtual void addKeyFrame(long long time, const T& value) {
+    journalEdit();
     keyFrames_[time] = boost::make_shared<KeyFrame<T>>(time, value);
     this->notify();
   }
@@ -143,6 +145,7 @@ class Parameter : public SubProject,
   /// parameter share it; one that stood at that time is replaced.
   virtual void addKeyFrame(KeyFramePtr keyFrame) {
     requireKeyFrame(keyFrame, "add");
+    journalEdit();
     keyFrames_[keyFrame->time()] = boost::const_pointer_cast<KeyFrame<T>>(keyFrame);
     this->notify();
   }
@@ -150,6 +153,7 @@ class Parameter : public SubProject,
   /// Writes the value of the key frame at `time`; returns the previous value.
   virtual T setKeyFrameValue(long long time, const T& value) {
     KeyFrame<T>& frame = existing(time, "set the value of");
+    journalEdit();
     T previous = frame.value();
     frame.setValue(value);
     this->notify();
@@ -162,6 +166,7 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(time, "remove");
     }
+    journalEdit();
     T removed = found->second->value();
     keyFrames_.erase(found);
     this->notify();
@@ -178,6 +183,7 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(time, "replace");
     }
+    journalEdit();
     KeyFramePtr old = found->second;
     found->second = boost::const_pointer_cast<KeyFrame<T>>(keyFrame);
     this->notify();
@@ -189,6 +195,7 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(oldTime, "move");
     }
+    journalEdit();
     KeyFrame<T>& frame = *found->second;
     if (oldTime == newTime) {
       frame.setTime(newTime);
@@ -205,6 +212,46 @@ class Parameter : public SubProject,
 
   /// The companion that holds the interpolaters of an interpolating
   /// parameter; null for others.
+  /// The key frames as they stand: each object with its place, time and
+  /// value. For `EditJournal`.
+  struct JournalState {
+    struct Frame {
+      long long place;
+      boost::shared_ptr<KeyFrame<T>> keyFrame;
+      long long time;
+      T value;
+    };
+    std::vector<Frame> frames;
+  };
+  JournalState journalState() const {
+    JournalState state;
+    state.frames.reserve(keyFrames_.size());
+    for (const auto& entry : keyFrames_) {
+      state.frames.push_back({entry.first, entry.second, entry.second->time(), entry.second->value()});
+    }
+    return state;
+  }
+  /// Puts the key frames back as `state` holds them, without notifying:
+  /// the journal restores many objects and the model is whole only after
+  /// the last.
+  void restoreJournalState(const JournalState& state) {
+    KeyFrameMap restored;
+    for (const auto& frame : state.frames) {
+      frame.keyFrame->setTime(frame.time);
+      frame.keyFrame->setValue(frame.value);
+      restored.try_emplace(frame.place, frame.keyFrame);
+    }
+    keyFrames_.swap(restored);
+  }
+  /// Notes this parameter in the open `EditJournal` before a change; also
+  /// for code that writes a key frame of it in place.
+  void journalEdit() const {
+    if (!EditJournal::current()) {
+      return;
+    }
+    EditJournal::note(boost::const_pointer_cast<Parameter<T>>(this->weak_from_this().lock()));
+  }
+
   virtual boost::shared_ptr<InterpolaterParameter> interpolaterParameter() const {
     return boost::shared_ptr<InterpolaterParameter>();
   }
@@ -215,6 +262,7 @@ class Parameter : public SubProject,
       throw KelMediaLibException("parameter \"" + name() + "\": can't copy the key frames of \"" +
                                  source.name() + "\", a parameter of another type");
     }
+    journalEdit();
     copyOwnKeyFrames(*typed);
     this->notify();
   }

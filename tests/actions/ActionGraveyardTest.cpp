@@ -1,5 +1,6 @@
 #include "actions/ActionBin.h"
 #include "actions/ActionGraveyard.h"
+#include "actions/OrvException.h"
 #include "media/effects/GenericEffect.h"
 
 #include "actions/ActionTestSupport.h"
@@ -44,29 +45,28 @@ TEST(ActionGraveyardTest, KeepsOneEntryPerMediaAndClonesZombiesUntilOneFails) {
   EXPECT_EQ(2u, graveyard.mediasZombies(source).size());
 }
 
-// The zombie's ranges lie on `owner`; its entry is made under `gone`, which
-// then ends, so that only a null media reaches it.
-TEST(ActionGraveyardTest, EntriesOfMediaThatWentStayAndMatchANullMedia) {
+// A media that has gone can't come back: its entry and actions are let go at
+// the graveyard's next change. The zombie's ranges lie on `live`, so that
+// nothing but the entry holds `gone`.
+TEST(ActionGraveyardTest, EntriesOfMediaThatWentAreLetGo) {
   Model model;
   ActionGraveyard graveyard;
   const auto bin = ActionBin::create();
-  const auto owner = model.media();
-  const auto zombie = makeAction(owner, "opacity", 100, 200);
-  const boost::shared_ptr<Media> clone = owner->cloneMedia();
   const auto live = model.media();
-  graveyard.addAction(bin, live, zombie);
-  graveyard.cloneMediasZombies(owner.get(), clone);
-  EXPECT_EQ(1u, graveyard.numMedias());
-
   auto gone = model.media();
+  boost::shared_ptr<const Action> zombie = makeAction(live, "opacity", 100, 200);
+  const boost::weak_ptr<const Action> watched = zombie;
   graveyard.addAction(bin, gone, zombie);
+  zombie.reset();
   gone.reset();
-  graveyard.addAction(bin, boost::shared_ptr<const Media>(), zombie);
-  EXPECT_EQ(2u, graveyard.numMedias());
-  graveyard.cloneMediasZombies(owner.get(), clone);
-  EXPECT_EQ(3u, graveyard.numMedias());
-  EXPECT_EQ(2u, graveyard.mediasZombies(clone).size());
-  EXPECT_EQ(2u, graveyard.mediasZombies(boost::shared_ptr<const Media>()).size());
+  EXPECT_EQ(1u, graveyard.numMedias());
+  EXPECT_FALSE(watched.expired());
+  graveyard.addAction(bin, live, makeAction(live, "opacity", 300, 400));
+  EXPECT_EQ(1u, graveyard.numMedias());
+  EXPECT_TRUE(watched.expired());
+  EXPECT_THROW(graveyard.addAction(bin, boost::shared_ptr<const Media>(),
+                                   makeAction(live, "opacity", 500, 600)),
+               OrvMediaLib::OrvException);
 }
 
 }  // namespace

@@ -93,8 +93,13 @@ TEST_F(ProjectFixture, ASplitGivesBothPartsTheActionsAndItsUndoTakesTheCopyAway)
   EXPECT_EQ(2u, project->actionBin()->numActions());
 }
 
+// Also while the application still holds the bins: the graveyard went with
+// the project, and the handler must not reach it.
 TEST_F(ProjectFixture, AMediaThatOutlivesItsProjectClonesWithoutAHandler) {
   ASSERT_TRUE(media->hasCloneDecorator());
+  added(media, 100, 200);
+  const std::vector<boost::shared_ptr<const ActionBin>> held = {
+      project->actionBin(), project->zdActionBin(), project->audioActionBin()};
   project.reset();
   const auto clone = media->cloneMedia();
   EXPECT_FALSE(clone->hasCloneDecorator());

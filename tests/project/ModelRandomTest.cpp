@@ -247,6 +247,19 @@ class World {
         media.parameterNamed(kParameters[static_cast<std::size_t>(which) % 4]));
   }
 
+  bool heldByRange(const Parameter<double>& parameter, long long time) const {
+    for (const auto& action : actions()) {
+      const auto ranges = action->parameterRanges();
+      for (const auto& range : *ranges) {
+        if (range->parameter().get() == &parameter &&
+            (range->leftTime() == time || range->rightTime() == time)) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
   static ActionDescription zoom(long long which, double amount) {
     ActionDescription description(ActionDescription::CENTER_ACTION);
     const OrigToModified rise;
@@ -331,10 +344,16 @@ class World {
       case kRemoveKeyFrame:
       case kMoveKeyFrame: {
         if (!media) return false;
+        // The key frame commands of the media model don't know of actions:
+        // the key frames of ranges are left to the action commands.
         const auto parameter = parameterOf(**media, op.b);
-        const auto times = parameter->keyFrameTimes();
+        std::vector<long long> times;
+        for (long long time : parameter->keyFrameTimes()) {
+          if (!heldByRange(*parameter, time)) times.push_back(time);
+        }
         const long long time =
             op.kind == kAddKeyFrame || times.empty() ? op.c % 1100 : *pick(times, op.c);
+        if (heldByRange(*parameter, time)) return false;
         if (op.kind == kAddKeyFrame) {
           return kel(boost::make_shared<AddParameterKeyFrameCmd<Parameter<double>>>(
               parameter, time, static_cast<double>(op.b % 5)));
@@ -459,7 +478,7 @@ int fromEnvironment(const char* name, int fallback) {
   return value ? std::atoi(value) : fallback;
 }
 
-TEST(ModelRandomTest, DISABLED_EveryStepUndoAndRedoIsExact) {
+TEST(ModelRandomTest, EveryStepUndoAndRedoIsExact) {
   const int sequences = fromEnvironment("ORV_MODEL_SEQUENCES", 300);
   const int longest = fromEnvironment("ORV_MODEL_LENGTH", 40);
   std::mt19937_64 random(20261124);
@@ -470,6 +489,10 @@ TEST(ModelRandomTest, DISABLED_EveryStepUndoAndRedoIsExact) {
     const std::vector<Op> ops = randomSequence(random, 1 + static_cast<int>(random() % longest));
     commands += static_cast<long long>(ops.size());
     const auto result = runSequence(ops);
+    if (result.first >= 0 && std::getenv("ORV_MODEL_VERBOSE")) {
+      std::cout << "sequence " << s << " step " << result.first << ": "
+                << result.second.substr(0, 120) << "\n";
+    }
     if (result.first >= 0 && failed++ == 0) {
       const std::vector<Op> shrunk = shrink(ops);
       first = "sequence " + std::to_string(s) + " fails at step " + std::to_string(result.first) +

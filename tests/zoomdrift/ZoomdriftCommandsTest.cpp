@@ -231,9 +231,7 @@ TEST_F(ZoomdriftCommandsTest, ACollisionRefusesTheWholeCommand) {
   EXPECT_EQ(0u, bin->numActions());
 }
 
-// Disabled: AddActionCmd's undo leaves the interpolater companions that the
-// add set ("eioe" for "linr"), a known fault of the exact-undo work.
-TEST_F(ZoomdriftCommandsTest, DISABLED_UndoGivesBackTheProjectFileByteForByte) {
+TEST_F(ZoomdriftCommandsTest, UndoGivesBackTheProjectFileByteForByte) {
   engine->keyFrames = {{500, kTopLeft}, {700, kWhole}};
   runUndoRedo(ZoomdriftAddActionsCmd::create(screen.video, engine, 100, bin, 1280, 720), true);
   runUndoRedo(ZoomdriftAddActionAtTimeCmd::create(screen.video, engine, 200, 30, bin, 1280, 720),

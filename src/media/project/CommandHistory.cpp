@@ -1,5 +1,6 @@
 #include "media/project/CommandHistory.h"
 
+#include "core/EditJournal.h"
 #include "core/KelMediaLibException.h"
 #include "core/MultiCommand.h"
 
@@ -40,9 +41,10 @@ boost::shared_ptr<Command> CommandHistory::commandAt(unsigned int index) const {
   return entries_[index].command;
 }
 
-void CommandHistory::record(boost::shared_ptr<Command> command) {
+void CommandHistory::record(boost::shared_ptr<Command> command,
+                            boost::shared_ptr<EditJournal> journal) {
   entries_.resize(position_);
-  entries_.push_back(Entry{command, nextSerial++});
+  entries_.push_back(Entry{command, nextSerial++, journal});
   ++position_;
 }
 
@@ -56,6 +58,16 @@ boost::shared_ptr<Command> CommandHistory::nextUndo() const {
 void CommandHistory::stepBack() {
   nextUndo();
   --position_;
+}
+
+boost::shared_ptr<const EditJournal> CommandHistory::nextUndoJournal() const {
+  nextUndo();
+  return entries_[position_ - 1].journal;
+}
+
+boost::shared_ptr<const EditJournal> CommandHistory::nextRedoJournal() const {
+  nextRedo();
+  return entries_[position_].journal;
 }
 
 boost::shared_ptr<Command> CommandHistory::nextRedo() const {
@@ -84,6 +96,16 @@ void CommandHistory::combineLast() {
   }
   group->combine(second.command);
   first.command = group;
+  // One journal for both, as the entry undoes and redoes both; an entry
+  // without one leaves the pair to the commands' own undo.
+  if (first.journal && second.journal) {
+    boost::shared_ptr<EditJournal> joined(new EditJournal());
+    joined->append(*first.journal);
+    joined->append(*second.journal);
+    first.journal = joined;
+  } else {
+    first.journal.reset();
+  }
   // The combined entry ends where the second one ended, so a token taken
   // after both still names the same state.
   first.serial = second.serial;

@@ -9,6 +9,7 @@
 namespace KelMediaLib {
 
 class Command;
+class EditJournal;
 
 /// The entries of a project's history and the position between the done and
 /// the undone ones. It only keeps the books: the project runs the commands,
@@ -32,13 +33,17 @@ class CommandHistory {
 
   /// Appends an executed command as a done entry; the undone entries are
   /// dropped, since the history branches here.
-  void record(boost::shared_ptr<Command> command);
+  void record(boost::shared_ptr<Command> command,
+              boost::shared_ptr<EditJournal> journal = boost::shared_ptr<EditJournal>());
   /// The entry that `undo` runs, then `stepBack` once it ran; throw when
   /// there is nothing to undo.
   boost::shared_ptr<Command> nextUndo() const;
+  /// The journal of that entry; null for an entry recorded without one.
+  boost::shared_ptr<const EditJournal> nextUndoJournal() const;
   void stepBack();
   /// The entry that `redo` runs, then `stepForward` once it ran.
   boost::shared_ptr<Command> nextRedo() const;
+  boost::shared_ptr<const EditJournal> nextRedoJournal() const;
   void stepForward();
 
   /// Makes the last two done entries one, which undoes and redoes both.
@@ -56,6 +61,7 @@ class CommandHistory {
   struct Entry {
     boost::shared_ptr<Command> command;
     unsigned long long serial;
+    boost::shared_ptr<EditJournal> journal;
   };
 
   unsigned long long ident_;

@@ -1,6 +1,7 @@
 #include "media/project/InternalProject.h"
 
 #include "core/Command.h"
+#include "core/EditJournal.h"
 #include "core/KelMediaLibException.h"
 #include "core/ReadWriteMutex.h"
 #include "core/XMLText.h"
@@ -60,6 +61,22 @@ const char* sideName(EdgeSide side) {
   return side == EdgeSide::Left ? "left" : "right";
 }
 
+// The command runs its undo or redo, then the journal puts back exactly what
+// it holds. When the journal holds the whole edit, a failure of the
+// command's own replay loses nothing: the journal restores every object it
+// touched.
+void replay(Command& command, CommandHandler* handler, const EditJournal* journal,
+            bool (Command::*step)(CommandHandler*)) {
+  const EditJournal::Scope suspended(nullptr);
+  try {
+    (command.*step)(handler);
+  } catch (...) {
+    if (!journal || journal->hasUnjournaledEdits()) {
+      throw;
+    }
+  }
+}
+
 }  // namespace
 
 InternalProject::InternalProject(EditRate editRate)
@@ -98,10 +115,36 @@ bool InternalProject::execute(boost::shared_ptr<Command> command) {
   require(command, "execute", "command");
   {
     ReadWriteMutex::ScopedWriteLock lock(mutex());
-    if (!command->execute(commandHandler())) {
+    // A command run from inside another one belongs to the outer one's
+    // journal.
+    boost::shared_ptr<EditJournal> journal;
+    if (!EditJournal::current()) {
+      journal.reset(new EditJournal());
+    }
+    bool ran = false;
+    {
+      const EditJournal::Scope scope(journal ? journal.get() : EditJournal::current());
+      try {
+        ran = command->execute(commandHandler());
+      } catch (...) {
+        // What the command changed before it failed goes back before the
+        // exception leaves: a refused edit changes nothing.
+        if (journal) {
+          journal->restoreBefore();
+        }
+        throw;
+      }
+    }
+    if (!ran) {
+      if (journal) {
+        journal->restoreBefore();
+      }
       return false;
     }
-    history_.record(command);
+    if (journal) {
+      journal->seal();
+    }
+    history_.record(command, journal);
     if (combineNext_) {
       combineNext_ = false;
       history_.combineLast();
@@ -116,7 +159,11 @@ void InternalProject::undo() {
   {
     ReadWriteMutex::ScopedWriteLock lock(mutex());
     command = history_.nextUndo();
-    command->unexecute(commandHandler());
+    const boost::shared_ptr<const EditJournal> journal = history_.nextUndoJournal();
+    replay(*command, commandHandler(), journal.get(), &Command::unexecute);
+    if (journal) {
+      journal->restoreBefore();
+    }
     history_.stepBack();
     combineNext_ = false;
   }
@@ -128,7 +175,11 @@ void InternalProject::redo() {
   {
     ReadWriteMutex::ScopedWriteLock lock(mutex());
     command = history_.nextRedo();
-    command->reexecute(commandHandler());
+    const boost::shared_ptr<const EditJournal> journal = history_.nextRedoJournal();
+    replay(*command, commandHandler(), journal.get(), &Command::reexecute);
+    if (journal) {
+      journal->restoreAfter();
+    }
     history_.stepForward();
     combineNext_ = false;
   }
@@ -198,8 +249,8 @@ void InternalProject::changeSourcesFile(boost::shared_ptr<const Source> source,
   require(source, "changeSourcesFile", "source");
   boost::system::error_code error;
   if (!boost::filesystem::exists(path, error)) {
-    throw failure("changeSourcesFile", "there is no file \"" + path + "\" to relink " +
-                                           "the source to");
+    throw failure("changeSourcesFile",
+                  "there is no file \"" + path + "\" to relink " + "the source to");
   }
   bool inBin = false;
   {
@@ -286,17 +337,20 @@ boost::shared_ptr<const AudioMixer> InternalProject::audioMixer() const {
 }
 
 boost::shared_ptr<const VisualMixer> InternalProject::newVisualMixer(float width, float height) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<VisualMixer> mixer = VisualMixer::create(width, height, self_);
   timeline_->setVisualMixer(mixer);
   return mixer;
 }
 
 void InternalProject::newVisualMixer(boost::shared_ptr<VisualMixer> mixer) {
+  EditJournal::noteUnjournaledEdit();
   require(mixer, "newVisualMixer", "mixer");
   timeline_->setVisualMixer(mixer);
 }
 
 boost::shared_ptr<VisualMixer> InternalProject::removeVisualMixer() {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
   timeline_->setVisualMixer(boost::shared_ptr<VisualMixer>());
   return mixer;
@@ -305,6 +359,7 @@ boost::shared_ptr<VisualMixer> InternalProject::removeVisualMixer() {
 boost::shared_ptr<const AudioMixer> InternalProject::newAudioMixer(unsigned int sampleRate,
                                                                    unsigned int bitDepth,
                                                                    unsigned int numChannels) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<AudioMixer> mixer =
       AudioMixer::create(sampleRate, bitDepth, numChannels, self_);
   timeline_->setAudioMixer(mixer);
@@ -312,11 +367,13 @@ boost::shared_ptr<const AudioMixer> InternalProject::newAudioMixer(unsigned int 
 }
 
 void InternalProject::newAudioMixer(boost::shared_ptr<AudioMixer> mixer) {
+  EditJournal::noteUnjournaledEdit();
   require(mixer, "newAudioMixer", "mixer");
   timeline_->setAudioMixer(mixer);
 }
 
 boost::shared_ptr<AudioMixer> InternalProject::removeAudioMixer() {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<AudioMixer> mixer = timeline_->audioMixer();
   timeline_->setAudioMixer(boost::shared_ptr<AudioMixer>());
   return mixer;
@@ -338,6 +395,7 @@ boost::shared_ptr<Track> InternalProject::insertNewTrack(const boost::shared_ptr
 }
 
 boost::shared_ptr<const VisualTrack> InternalProject::newVisualTrack(int index) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
   if (!mixer) {
     throw failure("newVisualTrack", "the project has no visual mixer");
@@ -348,6 +406,7 @@ boost::shared_ptr<const VisualTrack> InternalProject::newVisualTrack(int index) 
 }
 
 boost::shared_ptr<const VisualTrack> InternalProject::newImageTrack(int index) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<VisualMixer> mixer = timeline_->visualMixer();
   if (!mixer) {
     throw failure("newImageTrack", "the project has no visual mixer");
@@ -358,6 +417,7 @@ boost::shared_ptr<const VisualTrack> InternalProject::newImageTrack(int index) {
 }
 
 boost::shared_ptr<const AudioTrack> InternalProject::newAudioTrack(int index) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<AudioMixer> mixer = timeline_->audioMixer();
   if (!mixer) {
     throw failure("newAudioTrack", "the project has no audio mixer");
@@ -369,12 +429,14 @@ boost::shared_ptr<const AudioTrack> InternalProject::newAudioTrack(int index) {
 
 boost::shared_ptr<const Track> InternalProject::newTrack(boost::shared_ptr<const Mixer> mixer,
                                                          int index) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Mixer> own = ownMixer(mixer, "newTrack");
   return insertNewTrack(own, own->makeTrack(self_), index, "newTrack");
 }
 
 void InternalProject::addTrack(boost::shared_ptr<const Mixer> mixer, boost::shared_ptr<Track> track,
                                int index) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Mixer> own = ownMixer(mixer, "addTrack");
   require(track, "addTrack", "track");
   if (track->parent().lock()) {
@@ -385,6 +447,7 @@ void InternalProject::addTrack(boost::shared_ptr<const Mixer> mixer, boost::shar
 
 int InternalProject::removeTrack(boost::shared_ptr<const Mixer> mixer,
                                  boost::shared_ptr<const Track> track) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Mixer> own = ownMixer(mixer, "removeTrack");
   require(track, "removeTrack", "track");
   const int index = own->indexOfTrack(track.get());
@@ -403,6 +466,7 @@ int InternalProject::removeTrack(boost::shared_ptr<const Mixer> mixer,
 void InternalProject::swapTrackOrder(boost::shared_ptr<const Mixer> mixer,
                                      boost::shared_ptr<const Track> first,
                                      boost::shared_ptr<const Track> second) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Mixer> own = ownMixer(mixer, "swapTrackOrder");
   require(first, "swapTrackOrder", "first track");
   require(second, "swapTrackOrder", "second track");
@@ -419,6 +483,7 @@ void InternalProject::swapTrackOrder(boost::shared_ptr<const Mixer> mixer,
 
 void InternalProject::addMedia(boost::shared_ptr<const Track> track,
                                boost::shared_ptr<const Media> media, long long time) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Track> own = ownTrack(track, "addMedia");
   require(media, "addMedia", "media");
   if (media->parent()) {
@@ -445,6 +510,7 @@ void InternalProject::addMedia(boost::shared_ptr<const Track> track,
 
 MediaPlacements InternalProject::removeMedia(boost::shared_ptr<const Track> track,
                                              boost::shared_ptr<const Media> media) {
+  EditJournal::noteUnjournaledEdit();
   mediaOnTrack(track, media, "removeMedia");
   MediaPlacements placements{MediaPlacement{track, media, media->range().start}};
   for (const boost::weak_ptr<const Media>& link : media->links()) {
@@ -462,6 +528,7 @@ MediaPlacements InternalProject::removeMedia(boost::shared_ptr<const Track> trac
 
 void InternalProject::removeMedia(boost::shared_ptr<const Track> track,
                                   boost::shared_ptr<const Media> media, long long time) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "removeMedia");
   if (media->range().start != time) {
     throw failure("removeMedia", label(*media) + " starts at " +
@@ -473,6 +540,7 @@ void InternalProject::removeMedia(boost::shared_ptr<const Track> track,
 
 void InternalProject::move(boost::shared_ptr<const Track> track,
                            boost::shared_ptr<const Media> media, long long delta) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "move");
   const long long start = media->range().start + delta;
   if (start < 0) {
@@ -486,6 +554,7 @@ void InternalProject::move(boost::shared_ptr<const Track> track,
 
 void InternalProject::trimStart(boost::shared_ptr<const Track> track,
                                 boost::shared_ptr<const Media> media, long long delta) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "trimStart");
   const Range<long long> range = media->range();
   if (delta > range.duration || range.start + delta < 0) {
@@ -500,6 +569,7 @@ void InternalProject::trimStart(boost::shared_ptr<const Track> track,
 
 void InternalProject::trimEnd(boost::shared_ptr<const Track> track,
                               boost::shared_ptr<const Media> media, long long delta) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "trimEnd");
   if (delta > media->range().duration) {
     throw failure("trimEnd", "can't trim " + std::to_string(delta) + " off the end of " +
@@ -511,6 +581,7 @@ void InternalProject::trimEnd(boost::shared_ptr<const Track> track,
 
 double InternalProject::stretch(boost::shared_ptr<const Track> track,
                                 boost::shared_ptr<const Media> media, double scalar) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Media> writable = mediaOnTrack(track, media, "stretch");
   const double previous = media->scalar();
   writable->setScalar(scalar);
@@ -519,12 +590,14 @@ double InternalProject::stretch(boost::shared_ptr<const Track> track,
 
 void InternalProject::addLink(boost::shared_ptr<const Media> first,
                               boost::shared_ptr<const Media> second) {
+  EditJournal::noteUnjournaledEdit();
   addLink(first, second, -1, -1);
 }
 
 void InternalProject::addLink(boost::shared_ptr<const Media> first,
                               boost::shared_ptr<const Media> second, int firstIndex,
                               int secondIndex) {
+  EditJournal::noteUnjournaledEdit();
   require(first, "addLink", "first media");
   require(second, "addLink", "second media");
   if (first == second) {
@@ -548,6 +621,7 @@ void InternalProject::addLink(boost::shared_ptr<const Media> first,
 
 void InternalProject::removeLink(boost::shared_ptr<const Media> first,
                                  boost::shared_ptr<const Media> second) {
+  EditJournal::noteUnjournaledEdit();
   require(first, "removeLink", "first media");
   require(second, "removeLink", "second media");
   if (!first->isLinkedTo(second.get()) || !second->isLinkedTo(first.get())) {
@@ -561,11 +635,13 @@ void InternalProject::removeLink(boost::shared_ptr<const Media> first,
 
 void InternalProject::addEffect(boost::shared_ptr<const Effectable> effectable,
                                 boost::shared_ptr<const Effect> effect) {
+  EditJournal::noteUnjournaledEdit();
   insertEffect(effectable, effect, -1);
 }
 
 void InternalProject::insertEffect(boost::shared_ptr<const Effectable> effectable,
                                    boost::shared_ptr<const Effect> effect, int index) {
+  EditJournal::noteUnjournaledEdit();
   require(effectable, "insertEffect", "media");
   require(effect, "insertEffect", "effect");
   boost::const_pointer_cast<Effectable>(effectable)
@@ -574,12 +650,14 @@ void InternalProject::insertEffect(boost::shared_ptr<const Effectable> effectabl
 
 void InternalProject::swapEffectOrder(boost::shared_ptr<const Effectable> effectable, int first,
                                       int second) {
+  EditJournal::noteUnjournaledEdit();
   require(effectable, "swapEffectOrder", "media");
   boost::const_pointer_cast<Effectable>(effectable)->swapEffects(first, second);
 }
 
 int InternalProject::removeEffect(boost::shared_ptr<const Effectable> effectable,
                                   boost::shared_ptr<const Effect> effect) {
+  EditJournal::noteUnjournaledEdit();
   require(effectable, "removeEffect", "media");
   require(effect, "removeEffect", "effect");
   const int index = effectable->indexOfEffect(effect.get());
@@ -605,6 +683,7 @@ void InternalProject::moveParameterKeyFrame(boost::shared_ptr<const Parametric> 
 // Sources.
 
 boost::shared_ptr<const Source> InternalProject::loadSource(const std::string& fileName) {
+  EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<const Source> source =
       Source::create(MediaFileStats::create(fileName), self_, selfRate_);
   sourceBin_->addSource(source);
@@ -612,19 +691,23 @@ boost::shared_ptr<const Source> InternalProject::loadSource(const std::string& f
 }
 
 void InternalProject::loadSource(boost::shared_ptr<const Source> source) {
+  EditJournal::noteUnjournaledEdit();
   sourceBin_->addSource(source);
 }
 
 void InternalProject::unloadSource(boost::shared_ptr<const Source> source) {
+  EditJournal::noteUnjournaledEdit();
   require(source, "unloadSource", "source");
   sourceBin_->removeSource(source.get());
 }
 
 void InternalProject::addClipping(boost::shared_ptr<Clipping> clipping) {
+  EditJournal::noteUnjournaledEdit();
   sourceBin_->addClipping(clipping);
 }
 
 void InternalProject::removeClipping(boost::shared_ptr<Clipping> clipping) {
+  EditJournal::noteUnjournaledEdit();
   require(clipping, "removeClipping", "clipping");
   sourceBin_->removeClipping(clipping.get());
 }
@@ -635,6 +718,7 @@ void InternalProject::insertEdgeModification(boost::shared_ptr<const EdgeModifia
                                              EdgeSide side,
                                              boost::shared_ptr<const EdgeModification> modification,
                                              int index) {
+  EditJournal::noteUnjournaledEdit();
   require(edgeModifiable, "insertEdgeModification", "media");
   require(modification, "insertEdgeModification", "modification");
   const boost::shared_ptr<EdgeModifiable> writable =
@@ -648,6 +732,7 @@ void InternalProject::insertEdgeModification(boost::shared_ptr<const EdgeModifia
 
 boost::shared_ptr<const EdgeModification> InternalProject::removeEdgeModification(
     boost::shared_ptr<const EdgeModifiable> edgeModifiable, EdgeSide side, int index) {
+  EditJournal::noteUnjournaledEdit();
   require(edgeModifiable, "removeEdgeModification", "media");
   const boost::shared_ptr<EdgeModifiable> writable =
       boost::const_pointer_cast<EdgeModifiable>(edgeModifiable);
@@ -657,6 +742,7 @@ boost::shared_ptr<const EdgeModification> InternalProject::removeEdgeModificatio
 
 void InternalProject::changeEdgeLength(boost::shared_ptr<const EdgeModifiable> edgeModifiable,
                                        EdgeSide side, long long delta) {
+  EditJournal::noteUnjournaledEdit();
   require(edgeModifiable, "changeEdgeLength", "media");
   const long long length =
       side == EdgeSide::Left ? edgeModifiable->leftEdgeLength() : edgeModifiable->rightEdgeLength();

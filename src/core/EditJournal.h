@@ -1,0 +1,115 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+
+#include <functional>
+#include <unordered_set>
+#include <vector>
+
+namespace KelMediaLib {
+
+/// The record of one edit of the model, which makes its undo and redo exact.
+///
+/// Each object of the model that keeps its own state (a parameter, an action,
+/// an action bin...) notes itself with `note` before it first changes while a
+/// journal is open on the thread. The journal keeps the object's state from
+/// before that change and, once the edit is over, its state after. Undo puts
+/// back the states from before, redo those from after: the same objects,
+/// with the same values and times, whatever path the edit took.
+///
+/// Objects are held weakly: one that has died can't be seen, so it needs no
+/// restoring. Edits of objects that keep no journal (media on tracks,
+/// effects, edges) are reported with `noteUnjournaledEdit`; such an edit is
+/// undone by its command, and the journal then sets the rest exact.
+class EditJournal {
+ public:
+  /// The saved states of one object.
+  class Entry {
+   public:
+    virtual ~Entry();
+    virtual void captureAfter() = 0;
+    virtual void restoreBefore() = 0;
+    virtual void restoreAfter() = 0;
+  };
+
+  /// An entry for an object that gives its state as a value:
+  /// `State journalState() const` and `void restoreJournalState(const State&)`.
+  template <class Object, class State>
+  class StateEntry : public Entry {
+   public:
+    explicit StateEntry(const boost::shared_ptr<Object>& object)
+        : object_(object), before_(object->journalState()), after_(before_) {}
+    void captureAfter() override {
+      if (const boost::shared_ptr<Object> object = object_.lock()) {
+        after_ = object->journalState();
+      }
+    }
+    void restoreBefore() override { restore(before_); }
+    void restoreAfter() override { restore(after_); }
+
+   private:
+    void restore(const State& state) {
+      if (const boost::shared_ptr<Object> object = object_.lock()) {
+        object->restoreJournalState(state);
+      }
+    }
+    boost::weak_ptr<Object> object_;
+    State before_;
+    State after_;
+  };
+
+  EditJournal();
+  EditJournal(const EditJournal&) = delete;
+  EditJournal& operator=(const EditJournal&) = delete;
+
+  /// The journal open on this thread; null when none is.
+  static EditJournal* current();
+
+  /// Notes `object` (which is `key`) before its first change in the open
+  /// journal, if there is one; later changes of it in the same journal need
+  /// nothing more.
+  template <class Object>
+  static void note(const boost::shared_ptr<Object>& object) {
+    EditJournal* journal = current();
+    if (journal && object && journal->noted_.insert(object.get()).second) {
+      journal->entries_.push_back(boost::shared_ptr<Entry>(
+          new StateEntry<Object, decltype(object->journalState())>(object)));
+    }
+  }
+
+  /// Tells the open journal, if any, of an edit it can't restore.
+  static void noteUnjournaledEdit();
+
+  bool hasUnjournaledEdits() const { return unjournaled_; }
+  bool empty() const { return entries_.empty() && !unjournaled_; }
+
+  /// Takes the states after the edit; call once the edit is over.
+  void seal();
+  /// Puts back every noted object's state from before the edit.
+  void restoreBefore() const;
+  /// Puts back every noted object's state from after the edit.
+  void restoreAfter() const;
+  /// Appends a later journal: the two then undo and redo as one.
+  void append(const EditJournal& later);
+
+  /// Opens `journal` on this thread for its life, and closes it after.
+  /// A null journal suspends journaling (while states are put back).
+  class Scope {
+   public:
+    explicit Scope(EditJournal* journal);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+   private:
+    EditJournal* previous_;
+  };
+
+ private:
+  std::vector<boost::shared_ptr<Entry>> entries_;
+  std::unordered_set<const void*> noted_;
+  bool unjournaled_;
+};
+
+}  // namespace KelMediaLib
