@@ -45,24 +45,31 @@ inline boost::shared_ptr<const KelMediaLib::Media> mediaOf(const Action& action)
   return boost::dynamic_pointer_cast<const KelMediaLib::Media>(action.parametric());
 }
 
-// Time arithmetic at the edge of the model: a result beyond 64 bits is
-// refused before anything changes, never wrapped.
+// Time arithmetic at the edge of the model. Key frame times pass through
+// double on their way to and from a media's own time, which holds every
+// integer only up to 2^53: a result beyond that is refused before anything
+// changes, never wrapped or rounded.
+const long long kLargestTime = 1LL << 53;
+
+inline long long checkedTime(bool overflowed, long long result, long long time, long long delta,
+                             const char* sign) {
+  if (overflowed || result > kLargestTime || result < -kLargestTime) {
+    throw OrvException("the time " + std::to_string(time) + " moved by " + sign +
+                       std::to_string(delta) + " is beyond the range of time");
+  }
+  return result;
+}
+
 inline long long addTime(long long time, long long delta) {
   long long sum = 0;
-  if (__builtin_add_overflow(time, delta, &sum)) {
-    throw OrvException("the time " + std::to_string(time) + " moved by " + std::to_string(delta) +
-                       " is beyond the range of time");
-  }
-  return sum;
+  const bool overflowed = __builtin_add_overflow(time, delta, &sum);
+  return checkedTime(overflowed, sum, time, delta, "");
 }
 
 inline long long subtractTime(long long time, long long delta) {
   long long difference = 0;
-  if (__builtin_sub_overflow(time, delta, &difference)) {
-    throw OrvException("the time " + std::to_string(time) + " moved by -" + std::to_string(delta) +
-                       " is beyond the range of time");
-  }
-  return difference;
+  const bool overflowed = __builtin_sub_overflow(time, delta, &difference);
+  return checkedTime(overflowed, difference, time, delta, "-");
 }
 
 }  // namespace projectsupport

@@ -149,6 +149,8 @@ TEST_F(ExactUndoTest, RefusedEditsChangeNothing) {
       {"no length with ranges", [this] { project->orvExecute(addZoom(600, 0)); }},
       {"a move by a huge delta",
        [&] { project->orvExecute(MoveActionCmd::create(first, kMax - 50)); }},
+      {"a move past the times a double holds exactly",
+       [&] { project->orvExecute(MoveActionCmd::create(first, 1LL << 53)); }},
       {"a move onto the neighbour",
        [&] { project->orvExecute(MoveActionCmd::create(first, 150)); }},
       {"a trim past the neighbour",

@@ -410,11 +410,13 @@ class World {
         }
       }
       for (int b = 0; b < 2; ++b) {
-        long long lastStart = std::numeric_limits<long long>::min();
+        // In order, and apart: touching actions would share a key frame time.
+        long long lastEnd = std::numeric_limits<long long>::min();
         const auto list = bin(b)->mediasActions(media);
         for (const auto& action : *list) {
-          if (action->timeRange().start <= lastStart) fault << "a bin is out of order\n";
-          lastStart = action->timeRange().start;
+          if (action->timeRange().start <= lastEnd) fault << "a bin is out of order\n";
+          lastEnd = action->timeRange().end();
+          if (media->parent() == nullptr) fault << "a media off the track has actions in a bin\n";
           if (action->timeRange().duration <= 0) fault << "an action without length\n";
           const auto ranges = action->parameterRanges();
           for (const auto& range : *ranges) {
