@@ -5,6 +5,7 @@
 #include "core/Observer.h"
 #include "core/XMLText.h"
 #include "media/effects/Effect.h"
+#include "media/media/AudioTransition.h"
 #include "media/media/Media.h"
 
 #include <boost/make_shared.hpp>
@@ -240,24 +241,40 @@ void ActionBin::xmlAttributes(Options& options) const {
 }
 
 void ActionBin::xmlBody(Options& options, int depth) const {
-  // In the order in which the document wrote the media, so that the text
-  // doesn't depend on where the media lie in memory. Media the document
-  // didn't write (an audio transition has no element) can't be named: their
-  // actions are left out, and the file stays readable.
-  std::vector<std::pair<unsigned int, const ActionMap::value_type*>> written;
+  // In the order in which the document named the media, so that the text
+  // doesn't depend on where the media lie in memory. Inside a project
+  // document (the bin isn't the first thing it names) only media the
+  // document wrote can be named: the actions of an audio transition, which
+  // has no element, or of a media off the timeline are left out, and the
+  // file stays readable. A bin written alone writes all its media, in the
+  // order they were made.
+  const bool alone = options.ident(*this) == 1;
+  struct Entry {
+    bool named;
+    unsigned int order;
+    const ActionMap::value_type* actions;
+  };
+  std::vector<Entry> entries;
   for (const auto& entry : actions_) {
-    if (options.named(*entry.first)) {
-      written.emplace_back(options.ident(*entry.first), &entry);
+    const KelMediaLib::Media& media = *entry.first;
+    if (dynamic_cast<const KelMediaLib::AudioTransition*>(&media)) {
+      continue;
     }
+    const bool named = options.named(media);
+    if (!named && !alone) {
+      continue;
+    }
+    entries.push_back(Entry{named, named ? options.ident(media) : media.xmlIdent(), &entry});
   }
-  std::sort(written.begin(), written.end(),
-            [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (const auto& item : written) {
+  std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+    return a.named != b.named ? a.named : a.order < b.order;
+  });
+  for (const Entry& entry : entries) {
     KelMediaLib::writeIndent(options.out, depth);
     KelMediaLib::writeLiteral(options.out, "<MediasActions media=\"");
-    KelMediaLib::writeXMLValue(options.out, item.first);
+    KelMediaLib::writeXMLValue(options.out, options.ident(*entry.actions->first));
     KelMediaLib::writeLiteral(options.out, "\">\n");
-    for (const auto& action : item.second->second) {
+    for (const auto& action : entry.actions->second) {
       action->toXML(options, depth + 1, std::string());
     }
     KelMediaLib::writeIndent(options.out, depth);

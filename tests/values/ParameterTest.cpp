@@ -238,9 +238,7 @@ TEST_F(ParameterTest, LeftParameterStepsFromKeyFrameToKeyFrame) {
 
 TEST_F(ParameterTest, WritesItsKeyFramesAsXML) {
   opacity->addKeyFrame(10, 0.5);
-  const std::string id = std::to_string(opacity->xmlIdent());
-  EXPECT_EQ("<Parameter id=\"" + id +
-                "\" name=\"opacity\">\n"
+  EXPECT_EQ("<Parameter id=\"1\" name=\"opacity\">\n"
                 "  <Keyframes>\n"
                 "    <Keyframe time=\"0\" value=\"1\"/>\n"
                 "    <Keyframe time=\"10\" value=\"0.5\"/>\n"

@@ -1,6 +1,7 @@
 // The reader of the media model's document: the state machine, the checks
 // of every element, the handlers of source files, and how failures travel.
 
+#include "core/Attribute.h"
 #include "core/IOException.h"
 #include "core/ParserException.h"
 #include "core/ValueException.h"
@@ -21,6 +22,7 @@
 #include <boost/lexical_cast/bad_lexical_cast.hpp>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <streambuf>
 

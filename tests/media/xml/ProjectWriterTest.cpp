@@ -85,7 +85,7 @@ VMFile|id start duration scalar mediaStart mediaDuration trackNumber src|Paramet
 AMFile|id start duration scalar mediaStart mediaDuration trackNumber src channelNumber|Parameters Attributes LinkedMedia LeftEdgeMods RightEdgeMods
 IMFile|id start duration scalar mediaStart mediaDuration trackNumber src trimStartSum|Parameters Attributes Transformer LinkedMedia LeftEdgeMods RightEdgeMods Effects
 Callout|id start duration scalar mediaStart mediaDuration trackNumber src textRect hotspot trimStartSum|Parameters Attributes Transformer LinkedMedia LeftEdgeMods RightEdgeMods
-TextBox|id start duration width height trimStartSum|Parameters Effects LeftEdgeMods RightEdgeMods Transformer LinkedMedia
+TextBox|id start duration width height trimStartSum|Parameters Attributes Effects LeftEdgeMods RightEdgeMods Transformer LinkedMedia
 ImageTransition|id start duration|Parameters Attributes Effects LeftEdgeMods RightEdgeMods
 Parameters||Parameter InterpolatingParam VectorParam; Parameter|id name|Keyframes; VectorParam|id name|InterpolatingParam
 InterpolatingParam|id name|Parameters Keyframes; VectorParam>InterpolatingParam|id|Parameters Keyframes

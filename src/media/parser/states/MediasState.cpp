@@ -172,8 +172,11 @@ ParserState* MediasState::startCallout(const char** atts) {
   const auto duration = attributeCast<long long>(map["duration"]);
   const auto textRect = attributeCast<Rect<float>>(map["textRect"]);
   const auto hotspot = attributeCast<Point>(map["hotspot"]);
+  const auto trimStartSum = attributeCast<long long>(map["trimStartSum"]);
   const boost::shared_ptr<Callout> media =
       Callout::create(mediaStart, duration, project_, source, trackNumber);
+  // Replayed, as for an image, so that the callout keeps its trims.
+  replayTrims(media, trimStartSum);
   // Set on the new media before it is on a track, not as edits of the history.
   SetAttributeValueCmd<Rect<float>>(media->textRectAttr(), textRect).execute(nullptr);
   SetAttributeValueCmd<Point>(media->hotSpotAttr(), hotspot).execute(nullptr);
