@@ -27,9 +27,13 @@ boost::shared_ptr<OrvProject> OrvParser::parseProject(std::istream& in) {
   return finish();
 }
 
-void OrvParser::setPathPrefix(const std::string& prefix) { parser_->setPathPrefix(prefix); }
+void OrvParser::setPathPrefix(const std::string& prefix) {
+  parser_->setPathPrefix(prefix);
+}
 
-std::string OrvParser::pathPrefix() const { return parser_->pathPrefix(); }
+std::string OrvParser::pathPrefix() const {
+  return parser_->pathPrefix();
+}
 
 void OrvParser::setProgressCallback(KelMediaLib::Parser::ProgressCallback callback) {
   parser_->setProgressCallback(std::move(callback));

@@ -101,10 +101,11 @@ TEST(ActionBinTest, WritesEachMediasActionsAndDropsCloneHandlersWhenItGoes) {
   XMLable::Options options(out);
   bin->toXML(options, 0, " name=\"main\"");
   // Idents are numbered per document, in the order of first mention.
-  EXPECT_EQ("<ActionBin id=\"1\" name=\"main\">\n  <MediasActions media=\"2\">\n"
-                "    <CenterAction id=\"3\" timeRange=\"(10,5)\">\n      <ParameterRanges>\n"
-                "      </ParameterRanges>\n    </CenterAction>\n  </MediasActions>\n</ActionBin>\n",
-            out.str());
+  EXPECT_EQ(
+      "<ActionBin id=\"1\" name=\"main\">\n  <MediasActions media=\"2\">\n"
+      "    <CenterAction id=\"3\" timeRange=\"(10,5)\">\n      <ParameterRanges>\n"
+      "      </ParameterRanges>\n    </CenterAction>\n  </MediasActions>\n</ActionBin>\n",
+      out.str());
 
   struct Handler : CloneDecorator<Media> {
     bool* deleted;

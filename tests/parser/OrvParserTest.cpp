@@ -75,7 +75,9 @@ namespace {
 using namespace KelMediaLib;
 using namespace OrvMediaLib;
 
-std::string dataFile(const char* name) { return std::string(ORV_TEST_DATA_DIR) + "/" + name; }
+std::string dataFile(const char* name) {
+  return std::string(ORV_TEST_DATA_DIR) + "/" + name;
+}
 
 std::string written(const Project& project) {
   std::ostringstream out;
@@ -93,8 +95,7 @@ ActionDescription describe(ActionDescription::ActionType type,
                            std::initializer_list<std::pair<const char*, double>> ranges) {
   ActionDescription description(type);
   for (const auto& range : ranges) {
-    description.addParameterRange(
-        {range.first, OrigToModified(), ScaleTransform(), range.second});
+    description.addParameterRange({range.first, OrigToModified(), ScaleTransform(), range.second});
   }
   return description;
 }
@@ -184,8 +185,9 @@ struct Studio {
     project->execute(AddMediaCmd::create(track, media, at));
     return media;
   }
-  void act(const boost::shared_ptr<const Media>& media, const boost::shared_ptr<const ActionBin>& bin,
-           const ActionDescription& description, long long start, long long duration) {
+  void act(const boost::shared_ptr<const Media>& media,
+           const boost::shared_ptr<const ActionBin>& bin, const ActionDescription& description,
+           long long start, long long duration) {
     project->orvExecute(AddActionCmd::create(media, bin, description, start, duration));
   }
 
@@ -201,41 +203,54 @@ struct Studio {
 TEST(OrvParserTest, EveryKindOfMediaAndActionComesBackAsWritten) {
   testsupport::GermanLocale german;
   Studio s;
-  const auto movie = s.add(s.video, VMFile::create(Range<long long>(0, 30), s.project, s.clip, 0), 0);
+  const auto movie =
+      s.add(s.video, VMFile::create(Range<long long>(0, 30), s.project, s.clip, 0), 0);
   s.project->execute(StretchCmd::create(s.video, movie, 2.0));
-  s.project->execute(boost::make_shared<SetAttributeValueCmd<std::string>>(movie->ident(), "take 1"));
+  s.project->execute(
+      boost::make_shared<SetAttributeValueCmd<std::string>>(movie->ident(), "take 1"));
   const auto blur = GenericEffect::create("Blur", s.project);
   s.project->execute(AddEffectCmd::create(movie, blur));
   s.project->execute(MoveLeftEdgeModCmd::create(movie, 10));
-  s.project->execute(AddLeftEdgeModCmd::create(movie, EdgeModification(movie->opacity(), FadeInFunc())));
+  s.project->execute(
+      AddLeftEdgeModCmd::create(movie, EdgeModification(movie->opacity(), FadeInFunc())));
   s.project->execute(AddLeftEdgeModCmd::create(
       movie, EdgeModification(s.video->transformer()->rotation()->at(2), RotateFunc(3))));
   const auto picture = s.add(s.overlays, IMFile::create(0, 90, s.project, s.still, 0), 100);
   s.project->execute(TrimStartCmd::create(s.overlays, picture, 7));
   const auto title = s.add(s.overlays, TextBox::create("Hello", 60, 320.5f, 40, s.project), 300);
-  s.project->execute(boost::make_shared<SetAttributeValueCmd<std::string>>(title->ident(), "title"));
+  s.project->execute(
+      boost::make_shared<SetAttributeValueCmd<std::string>>(title->ident(), "title"));
   const auto callout = s.add(s.overlays, Callout::create(0, 45, s.project, s.still, 0), 400);
   s.add(s.overlays, ImageTransition::create(20, s.project), 500);
-  const auto voice = s.add(s.audio, AMFile::create(Range<long long>(0, 7), s.project, s.tone, 0, {0}), 0);
+  const auto voice =
+      s.add(s.audio, AMFile::create(Range<long long>(0, 7), s.project, s.tone, 0, {0}), 0);
   s.project->execute(LinkCmd::create(callout, movie));
   s.project->execute(LinkCmd::create(voice, callout));
   s.add(s.audio, AudioTransition::create(10, s.project), 40);
 
-  const double extremes[] = {0.1, -0.0, 5e-324, 2.2250738585072014e-308, 1.7976931348623157e308,
+  const double extremes[] = {0.1,    -0.0, 5e-324, 2.2250738585072014e-308, 1.7976931348623157e308,
                              1.0 / 3};
-  s.act(movie, s.project->actionBin(), describe(ActionDescription::CENTER_ACTION, {{"scale0", 2}}), 5, 10);
-  s.act(movie, s.project->zdActionBin(),
-        describe(ActionDescription::CENTER_ACTION, {{"translation0", extremes[1]}, {"opacity", 0.5}}), 20, 8);
-  s.act(title, s.project->actionBin(), describe(ActionDescription::EDGE_ACTION, {{"scale1", 3}}), 0, 4);
-  s.act(title, s.project->actionBin(), describe(ActionDescription::CENTER_ACTION, {{"opacity", extremes[2]}}), 10, 20);
-  s.act(callout, s.project->actionBin(), describe(ActionDescription::CENTER_ACTION, {{"scale0", extremes[4]}}), 1, 5);
-  s.act(voice, s.project->audioActionBin(), describe(ActionDescription::CENTER_ACTION, {{"volume", extremes[3]}}), 2, 6);
+  s.act(movie, s.project->actionBin(), describe(ActionDescription::CENTER_ACTION, {{"scale0", 2}}),
+        5, 10);
+  s.act(
+      movie, s.project->zdActionBin(),
+      describe(ActionDescription::CENTER_ACTION, {{"translation0", extremes[1]}, {"opacity", 0.5}}),
+      20, 8);
+  s.act(title, s.project->actionBin(), describe(ActionDescription::EDGE_ACTION, {{"scale1", 3}}), 0,
+        4);
+  s.act(title, s.project->actionBin(),
+        describe(ActionDescription::CENTER_ACTION, {{"opacity", extremes[2]}}), 10, 20);
+  s.act(callout, s.project->actionBin(),
+        describe(ActionDescription::CENTER_ACTION, {{"scale0", extremes[4]}}), 1, 5);
+  s.act(voice, s.project->audioActionBin(),
+        describe(ActionDescription::CENTER_ACTION, {{"volume", extremes[3]}}), 2, 6);
   for (int i = 0; i < 6; ++i) {
     s.project->execute(boost::make_shared<AddParameterKeyFrameCmd<Parameter<double>>>(
         movie->opacity(), 100 + i, extremes[i]));
   }
   // The ends of time, and the ends of the integer attributes.
-  for (const long long time : {std::numeric_limits<long long>::min(), std::numeric_limits<long long>::max()}) {
+  for (const long long time :
+       {std::numeric_limits<long long>::min(), std::numeric_limits<long long>::max()}) {
     s.project->execute(boost::make_shared<AddParameterKeyFrameCmd<Parameter<double>>>(
         callout->opacity(), time, 0.5));
   }
@@ -244,7 +259,7 @@ TEST(OrvParserTest, EveryKindOfMediaAndActionComesBackAsWritten) {
   const auto back = roundTrip(*s.project);
   ASSERT_TRUE(back);
   EXPECT_EQ(6u, back->timeline()->allMedias().size());  // the audio transition isn't in the file
-  EXPECT_EQ(4u, back->actionBin()->numActions());  // two on the title
+  EXPECT_EQ(4u, back->actionBin()->numActions());       // two on the title
   EXPECT_EQ(1u, back->zdActionBin()->numActions());
   EXPECT_EQ(1u, back->audioActionBin()->numActions());
   const std::string text = written(*back);
@@ -276,33 +291,45 @@ TEST(OrvParserTest, RandomProjectsSurviveTheRoundTrip) {
     const auto track = trackCmd->visualTrack();
     std::vector<boost::shared_ptr<const Media>> media;
     for (long long i = 0, n = pick(1, 4); i < n; ++i) {
-      media.push_back(TextBox::create("t" + std::to_string(i), pick(50, 500), 100.0f, 50.0f, project));
+      media.push_back(
+          TextBox::create("t" + std::to_string(i), pick(50, 500), 100.0f, 50.0f, project));
       project->execute(AddMediaCmd::create(track, media.back(), pick(0, 2000)));
     }
     std::vector<boost::shared_ptr<Action>> actions;
     for (int step = 0; step < 12; ++step) {
-      const auto& target = media[static_cast<std::size_t>(pick(0, static_cast<long long>(media.size()) - 1))];
+      const auto& target =
+          media[static_cast<std::size_t>(pick(0, static_cast<long long>(media.size()) - 1))];
       try {
         switch (pick(0, 5)) {
           case 0:
           case 1: {
             ActionDescription description(ActionDescription::CENTER_ACTION);
             description.addParameterRange({parameters[pick(0, 3)], OrigToModified(), SetTransform(),
-                                           std::ldexp(static_cast<double>(pick(-1000, 1000)), static_cast<int>(pick(-30, 30)))});
-            const auto command = AddActionCmd::create(target, pick(0, 1) ? project->actionBin() : project->zdActionBin(),
-                                                      description, pick(0, 400), pick(1, 100));
+                                           std::ldexp(static_cast<double>(pick(-1000, 1000)),
+                                                      static_cast<int>(pick(-30, 30)))});
+            const auto command = AddActionCmd::create(
+                target, pick(0, 1) ? project->actionBin() : project->zdActionBin(), description,
+                pick(0, 400), pick(1, 100));
             project->orvExecute(command);
             actions.push_back(command->createdAction());
             break;
           }
           case 2:
-            if (!actions.empty()) project->orvExecute(MoveActionCmd::create(actions[static_cast<std::size_t>(pick(0, static_cast<long long>(actions.size()) - 1))], pick(-20, 20)));
+            if (!actions.empty())
+              project->orvExecute(
+                  MoveActionCmd::create(actions[static_cast<std::size_t>(
+                                            pick(0, static_cast<long long>(actions.size()) - 1))],
+                                        pick(-20, 20)));
             break;
           case 3:
             // Only shortening: a trim that lengthens an action can make it
             // overlap a neighbour animating another parameter, which the
             // model allows and a bin being loaded refuses.
-            if (!actions.empty()) project->orvExecute(TrimActionEndCmd::create(actions[static_cast<std::size_t>(pick(0, static_cast<long long>(actions.size()) - 1))], pick(0, 5)));
+            if (!actions.empty())
+              project->orvExecute(
+                  TrimActionEndCmd::create(actions[static_cast<std::size_t>(pick(
+                                               0, static_cast<long long>(actions.size()) - 1))],
+                                           pick(0, 5)));
             break;
           case 4:
             project->execute(MoveMediaCmd::create(track, target, pick(-100, 100)));
@@ -326,7 +353,8 @@ TEST(OrvParserTest, RandomProjectsSurviveTheRoundTrip) {
 TEST(OrvParserTest, RefusesMalformedActionPartsWithTheirTexts) {
   Studio s;
   const auto title = s.add(s.overlays, TextBox::create("Hello", 60, 320.5f, 40, s.project), 0);
-  s.act(title, s.project->actionBin(), describe(ActionDescription::CENTER_ACTION, {{"opacity", 0.5}}), 10, 20);
+  s.act(title, s.project->actionBin(),
+        describe(ActionDescription::CENTER_ACTION, {{"opacity", 0.5}}), 10, 20);
   const std::string good = written(*s.project);
   const auto spoil = [&](const std::string& from, const std::string& to) {
     std::string text = good;
@@ -358,27 +386,39 @@ TEST(OrvParserTest, RefusesMalformedActionPartsWithTheirTexts) {
     std::string from, to, expected, marker;
   };
   const Row rows[] = {
-      {"<OrvProject", "<MyProject", "ParserException Unexpected name \"MyProject\" in OrvStartState", "<MyProject"},
-      {"name=\"actionBin\"", "name=\"mainBin\"", "ParserException unexpected ActionBin name in OrvProject", "<ActionBin id"},
-      {"<MediasActions media", "<MediaActions media", "ParserException Unexpected name \"MediaActions\" in ActionBinState", "<MediaActions"},
-      {"<CenterAction id", "<SideAction id", "ParserException Unexpected name \"SideAction\" in MediasActionsState", "<SideAction"},
-      {"<ParameterRanges>", "<Ranges>", "ParserException Unexpected name \"Ranges\" in ActionState", "<Ranges"},
-      {"<ParameterRange id", "<Range id", "ParserException Unexpected name \"Range\" in ParameterRangesState", "<Range id"},
-      {"<CenterAction id=", "<CenterAction colour=\"red\" id=", "ParserException Unexpected ActionState attribute \"colour\".", "<CenterAction"},
-      {"timeRange=", "range=", "ParserException Unexpected ActionState attribute \"range\".", "<CenterAction"},
-      {"left=\"10\"", "left=\"11\"", "ParserException ParameterRange: parameter \"opacity\" has no key frame at 11", "<ParameterRange "},
+      {"<OrvProject", "<MyProject",
+       "ParserException Unexpected name \"MyProject\" in OrvStartState", "<MyProject"},
+      {"name=\"actionBin\"", "name=\"mainBin\"",
+       "ParserException unexpected ActionBin name in OrvProject", "<ActionBin id"},
+      {"<MediasActions media", "<MediaActions media",
+       "ParserException Unexpected name \"MediaActions\" in ActionBinState", "<MediaActions"},
+      {"<CenterAction id", "<SideAction id",
+       "ParserException Unexpected name \"SideAction\" in MediasActionsState", "<SideAction"},
+      {"<ParameterRanges>", "<Ranges>", "ParserException Unexpected name \"Ranges\" in ActionState",
+       "<Ranges"},
+      {"<ParameterRange id", "<Range id",
+       "ParserException Unexpected name \"Range\" in ParameterRangesState", "<Range id"},
+      {"<CenterAction id=", "<CenterAction colour=\"red\" id=",
+       "ParserException Unexpected ActionState attribute \"colour\".", "<CenterAction"},
+      {"timeRange=", "range=", "ParserException Unexpected ActionState attribute \"range\".",
+       "<CenterAction"},
+      {"left=\"10\"", "left=\"11\"",
+       "ParserException ParameterRange: parameter \"opacity\" has no key frame at 11",
+       "<ParameterRange "},
       {"timeRange=\"(10,20)\"", "timeRange=\"(10;20)x\"", "bad_lexical_cast", ""},
   };
   for (const Row& row : rows) {
     const std::string text = spoil(row.from, row.to);
-    EXPECT_EQ(row.expected + (row.marker.empty() ? "" : line(text, row.marker)), fails(text)) << row.to;
+    EXPECT_EQ(row.expected + (row.marker.empty() ? "" : line(text, row.marker)), fails(text))
+        << row.to;
   }
   // The media an action group names must be known.
   const std::string unknown = std::regex_replace(good, std::regex("MediasActions media=\"[0-9]+\""),
                                                  "MediasActions media=\"999\"");
   EXPECT_EQ("ValueException ident not found in source table", fails(unknown));
   // A range whose parametric or parameter isn't known is dropped; the load goes on.
-  const auto dropped = read(std::regex_replace(good, std::regex("parameter=\"opacity\""), "parameter=\"glow\""));
+  const auto dropped =
+      read(std::regex_replace(good, std::regex("parameter=\"opacity\""), "parameter=\"glow\""));
   ASSERT_TRUE(dropped);
   EXPECT_EQ(1u, dropped->actionBin()->numActions());
   // A second action over the same time collides in the bin.

@@ -66,15 +66,14 @@ TEST_F(ProjectFixture, XmlWritesTheInnerProjectThenTheThreeNamedBins) {
   const auto bin = [](const boost::shared_ptr<const ActionBin>&, const char* name) {
     return "\" name=\"" + std::string(name) + "\">";
   };
-  const std::string xml = out.str(),
-                    marks[] = {"<OrvProject version=\"1.0\">\n  <Project ",
-                               "\n  </Project>\n  <ActionBin id=\"",
-                               bin(project->actionBin(), "actionBin"),
-                               "timeRange=\"(100,100)\"",
-                               bin(project->zdActionBin(), "zdActionBin"),
-                               "timeRange=\"(300,100)\"",
-                               bin(project->audioActionBin(), "audioActionBin") +
-                                   "\n  </ActionBin>\n</OrvProject>\n"};
+  const std::string xml = out.str(), marks[] = {"<OrvProject version=\"1.0\">\n  <Project ",
+                                                "\n  </Project>\n  <ActionBin id=\"",
+                                                bin(project->actionBin(), "actionBin"),
+                                                "timeRange=\"(100,100)\"",
+                                                bin(project->zdActionBin(), "zdActionBin"),
+                                                "timeRange=\"(300,100)\"",
+                                                bin(project->audioActionBin(), "audioActionBin") +
+                                                    "\n  </ActionBin>\n</OrvProject>\n"};
   std::size_t at = 0;
   for (const std::string& mark : marks) {
     at = xml.find(mark, at);

@@ -80,7 +80,8 @@ TEST(OrvToolTest, InfoSummarisesAWrittenFileAndReportsFilesThatWontLoad) {
   const auto title = KelMediaLib::TextBox::create("Hi", 90, 100, 50, project);
   project->execute(KelMediaLib::AddMediaCmd::create(track->visualTrack(), title, 40));
   OrvMediaLib::ActionDescription fade(OrvMediaLib::ActionDescription::CENTER_ACTION);
-  fade.addParameterRange({"opacity", OrvMediaLib::OrigToModified(), OrvMediaLib::SetTransform(), 0.5});
+  fade.addParameterRange(
+      {"opacity", OrvMediaLib::OrigToModified(), OrvMediaLib::SetTransform(), 0.5});
   project->orvExecute(OrvMediaLib::AddActionCmd::create(title, project->actionBin(), fade, 10, 30));
   const std::string file = folder + "/project.xml";
   KelMediaLib::ProjectWriter::write(*project, file);
@@ -101,7 +102,8 @@ TEST(OrvToolTest, InfoSummarisesAWrittenFileAndReportsFilesThatWontLoad) {
   EXPECT_NE(std::string::npos, missing.err.find("ident not found in source table"));
   EXPECT_NE(std::string::npos, missing.err.find("source file missing: " + folder + "/clip.mp4"));
 
-  std::ofstream(folder + "/bad.xml") << "<OrvProject version=\"1.0\">\n  <Projekt/>\n</OrvProject>\n";
+  std::ofstream(folder + "/bad.xml")
+      << "<OrvProject version=\"1.0\">\n  <Projekt/>\n</OrvProject>\n";
   const ToolRun bad = orv({"info", folder + "/bad.xml"});
   EXPECT_EQ(1, bad.code);
   EXPECT_NE(std::string::npos,

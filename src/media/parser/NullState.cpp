@@ -4,6 +4,8 @@ namespace KelMediaLib {
 
 NullState::NullState(Parser* parser) : ParserState(parser) {}
 
-ParserState* NullState::startElement(const char*, const char**) { return new NullState(parser()); }
+ParserState* NullState::startElement(const char*, const char**) {
+  return new NullState(parser());
+}
 
 }  // namespace KelMediaLib

@@ -79,11 +79,17 @@ void Parser::setStartState(boost::shared_ptr<StartState> startState) {
   startState_ = std::move(startState);
 }
 
-void Parser::setPathPrefix(const std::string& prefix) { pathPrefix_ = prefix; }
+void Parser::setPathPrefix(const std::string& prefix) {
+  pathPrefix_ = prefix;
+}
 
-std::string Parser::pathPrefix() const { return pathPrefix_; }
+std::string Parser::pathPrefix() const {
+  return pathPrefix_;
+}
 
-void Parser::setProgressCallback(ProgressCallback callback) { progress_ = std::move(callback); }
+void Parser::setProgressCallback(ProgressCallback callback) {
+  progress_ = std::move(callback);
+}
 
 boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
   Expat expat;

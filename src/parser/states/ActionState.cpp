@@ -10,7 +10,9 @@ namespace OrvMediaLib {
 
 ActionState::ActionState(KelMediaLib::Parser* parser, boost::shared_ptr<OrvProject> project,
                          boost::shared_ptr<Action> action, boost::shared_ptr<const ActionBin> bin)
-    : ParserState(parser), project_(std::move(project)), action_(std::move(action)),
+    : ParserState(parser),
+      project_(std::move(project)),
+      action_(std::move(action)),
       bin_(std::move(bin)) {}
 
 KelMediaLib::ParserState* ActionState::startElement(const char* name, const char**) {
@@ -20,6 +22,8 @@ KelMediaLib::ParserState* ActionState::startElement(const char* name, const char
   return new ParameterRangesState(parser(), project_, action_);
 }
 
-void ActionState::endElement(const char*) { project_->parserAddAction(bin_, action_); }
+void ActionState::endElement(const char*) {
+  project_->parserAddAction(bin_, action_);
+}
 
 }  // namespace OrvMediaLib

@@ -14,7 +14,9 @@ MediasActionsState::MediasActionsState(KelMediaLib::Parser* parser,
                                        boost::shared_ptr<OrvProject> project,
                                        boost::shared_ptr<const KelMediaLib::Media> media,
                                        boost::shared_ptr<const ActionBin> bin)
-    : ParserState(parser), project_(std::move(project)), media_(std::move(media)),
+    : ParserState(parser),
+      project_(std::move(project)),
+      media_(std::move(media)),
       bin_(std::move(bin)) {}
 
 KelMediaLib::ParserState* MediasActionsState::startElement(const char* name, const char** atts) {
@@ -26,7 +28,8 @@ KelMediaLib::ParserState* MediasActionsState::startElement(const char* name, con
   }
   AttributeMap map;
   genMap("ActionState", "id timeRange", "", atts, map);
-  const auto timeRange = KelMediaLib::attributeCast<KelMediaLib::Range<long long>>(map["timeRange"]);
+  const auto timeRange =
+      KelMediaLib::attributeCast<KelMediaLib::Range<long long>>(map["timeRange"]);
   boost::shared_ptr<Action> action;
   if (center) {
     action = boost::make_shared<CenterAction>(media_, timeRange);

@@ -22,7 +22,7 @@ namespace {
 
 // The media of that ident, or else the effect; null when neither is known.
 boost::shared_ptr<const KelMediaLib::Parametric> findParametric(KelMediaLib::Parser& parser,
-                                                               unsigned int ident) {
+                                                                unsigned int ident) {
   try {
     return parser.symbolTable().symbolForIdent<KelMediaLib::Media>(ident);
   } catch (const KelMediaLib::ValueException<unsigned int>&) {

@@ -186,9 +186,10 @@ TEST(MediaParametersTest, FileElementsCarryTheirValuesAndLinks) {
   // source, then its parameters ahead of the link and the edge.
   const auto identOf = [&xml](const std::string& before) {
     const auto at = xml.find(before);
-    return at == std::string::npos ? std::string("?")
-                                   : xml.substr(at + before.size(),
-                                                xml.find('"', at + before.size()) - at - before.size());
+    return at == std::string::npos
+               ? std::string("?")
+               : xml.substr(at + before.size(),
+                            xml.find('"', at + before.size()) - at - before.size());
   };
   const std::string opacity = identOf("<EdgeMod parameter=\"");
   EXPECT_NE(std::string::npos,
@@ -220,9 +221,10 @@ TEST(MediaParametersTest, StillElementsWriteWhatTheirReaderReplays) {
   const boost::shared_ptr<IMFile> image = IMFile::create(10, 50, p.lock, p.source, 0);
   image->setStart(100);
   image->trimStart(5);
-  EXPECT_NE(std::string::npos,
-            xmlOf(*image).find("start=\"105\" duration=\"45\" scalar=\"1\" mediaStart=\"10\" "
-                               "mediaDuration=\"45\" trackNumber=\"0\" src=\"2\" trimStartSum=\"5\">"));
+  EXPECT_NE(
+      std::string::npos,
+      xmlOf(*image).find("start=\"105\" duration=\"45\" scalar=\"1\" mediaStart=\"10\" "
+                         "mediaDuration=\"45\" trackNumber=\"0\" src=\"2\" trimStartSum=\"5\">"));
 
   const boost::shared_ptr<TextBox> box = TextBox::create("a \"b\"", 90, 320.5f, 40.0f, p.lock);
   const std::string text = xmlOf(*box);

@@ -35,7 +35,9 @@ std::string document(const std::string& folder) {
          "<Project id=\"1\" editRate=\"30/1\" version=\"1.0\">\n"
          "  <Author>anything <b>at all</b></Author>\n"
          "  <SourceBin>\n"
-         "    <Source id=\"2\" src=\"" + folder + "/clip.mp4\" lastMod=\"20991231T235959\" "
+         "    <Source id=\"2\" src=\"" +
+         folder +
+         "/clip.mp4\" lastMod=\"20991231T235959\" "
          "rect=\"(0,0,64,48)\">\n"
          "      <SourceTrack range=\"(0,10)\" type=\"0\" editRate=\"10/1\" "
          "trackRect=\"(0,0,64,48)\" sampleRate=\"0/1\" bitDepth=\"0\" numChannels=\"0\"/>\n"
@@ -47,7 +49,8 @@ std::string document(const std::string& folder) {
          "      <Tracks>\n"
          "        <VisualTrack id=\"5\">\n"
          "          <Medias>\n"
-         "            <VMFile id=\"6\" start=\"10\" duration=\"15\" scalar=\"0.5\" mediaStart=\"0\" "
+         "            <VMFile id=\"6\" start=\"10\" duration=\"15\" scalar=\"0.5\" "
+         "mediaStart=\"0\" "
          "mediaDuration=\"30\" trackNumber=\"0\" src=\"2\">\n"
          "              <Parameters><InterpolatingParam id=\"7\" name=\"opacity\">"
          "<Keyframes><Keyframe time=\"3\" value=\"0.25\"/></Keyframes>"
@@ -71,8 +74,7 @@ class ParserTest : public ::testing::Test {
  protected:
   void SetUp() override {
     folder = testsupport::scratchFolder("parser");
-    boost::filesystem::copy_file(std::string(ORV_TEST_DATA_DIR) + "/clip.mp4",
-                                 folder + "/clip.mp4",
+    boost::filesystem::copy_file(std::string(ORV_TEST_DATA_DIR) + "/clip.mp4", folder + "/clip.mp4",
                                  boost::filesystem::copy_options::overwrite_existing);
   }
 
@@ -118,30 +120,37 @@ enum Kind { Parse, Value, Cast };
 
 TEST_F(ParserTest, RefusesEveryMalformedDocumentWithItsTextAndPosition) {
   const std::pair<Kind, Malformed> table[] = {
-      {Parse, {"<Project id", "<Projekt id", "Unexpected name \"Projekt\" in StartStateImpl",
-               "<Projekt"}},
+      {Parse,
+       {"<Project id", "<Projekt id", "Unexpected name \"Projekt\" in StartStateImpl", "<Projekt"}},
       {Parse, {"<Author>", "<Editor>", "Unexpected name \"Editor\" in Project", "<Editor"}},
-      {Parse, {"editRate=\"30/1\"", "editRate=\"30/1\" colour=\"red\"",
-               "Unexpected Project attribute \"colour\".", "<Project"}},
-      {Parse, {" version=\"1.0\">\n  <Author>", ">\n  <Author>", "Project missing attributes.",
-               "<Project"}},
+      {Parse,
+       {"editRate=\"30/1\"", "editRate=\"30/1\" colour=\"red\"",
+        "Unexpected Project attribute \"colour\".", "<Project"}},
+      {Parse,
+       {" version=\"1.0\">\n  <Author>", ">\n  <Author>", "Project missing attributes.",
+        "<Project"}},
       {Parse, {"<SourceTrack", "<Track", "Unexpected name \"Track\" in Source", "<Track"}},
       {Parse, {"<Tracks>", "<Trucks>", "Unexpected name \"Trucks\" in VisualMixer", "<Trucks"}},
-      {Parse, {"<VisualTrack id=\"5\">", "<AudioTrack id=\"5\">",
-               "Unexpected name \"AudioTrack\" in Tracks", "<AudioTrack"}},
-      {Parse, {"<VMFile id", "<AMFile id", "Unexpected name \"AMFile\" in Visual Medias",
-               "<AMFile"}},
-      {Parse, {"duration=\"15\"", "duration=\"16\"", "unable to scale media to their correct size",
-               "<VMFile"}},
-      {Parse, {"name=\"opacity\"", "name=\"volume\"",
-               "Unexpected parameter \"volume\" in VMFile State Parameters", "<InterpolatingParam"}},
-      {Parse, {"<Keyframe time", "<Key time", "Unexpected name \"Key\" in KeyframesState", "<Key "}},
-      {Parse, {"name=\"width\"", "name=\"depth\"", "Unexpected attribute \"depth\" in Attributes",
-               "<Attribute "}},
-      {Parse, {"</Timeline>\n</Project>", "</Timeline>\n", "ErrCode:3 ErrString:no element found",
-               ""}},
-      {Parse, {"<Author>", "<Author x=\"1\" x=\"2\">",
-               "ErrCode:8 ErrString:duplicate attribute", ""}},
+      {Parse,
+       {"<VisualTrack id=\"5\">", "<AudioTrack id=\"5\">",
+        "Unexpected name \"AudioTrack\" in Tracks", "<AudioTrack"}},
+      {Parse,
+       {"<VMFile id", "<AMFile id", "Unexpected name \"AMFile\" in Visual Medias", "<AMFile"}},
+      {Parse,
+       {"duration=\"15\"", "duration=\"16\"", "unable to scale media to their correct size",
+        "<VMFile"}},
+      {Parse,
+       {"name=\"opacity\"", "name=\"volume\"",
+        "Unexpected parameter \"volume\" in VMFile State Parameters", "<InterpolatingParam"}},
+      {Parse,
+       {"<Keyframe time", "<Key time", "Unexpected name \"Key\" in KeyframesState", "<Key "}},
+      {Parse,
+       {"name=\"width\"", "name=\"depth\"", "Unexpected attribute \"depth\" in Attributes",
+        "<Attribute "}},
+      {Parse,
+       {"</Timeline>\n</Project>", "</Timeline>\n", "ErrCode:3 ErrString:no element found", ""}},
+      {Parse,
+       {"<Author>", "<Author x=\"1\" x=\"2\">", "ErrCode:8 ErrString:duplicate attribute", ""}},
       {Value, {"src=\"2\">\n", "src=\"9\">\n", "ident not found in source table", ""}},
       {Cast, {"value=\"0.25\"", "value=\"0,25\"", "", ""}},
       {Cast, {"range=\"(0,10)\"", "range=\"(0, 10)\"", "", ""}},
@@ -159,7 +168,8 @@ TEST_F(ParserTest, RefusesEveryMalformedDocumentWithItsTextAndPosition) {
       if (*bad.at) {
         const auto offset = text.find(bad.at);
         const auto lineStart = text.rfind('\n', offset);
-        const int line = static_cast<int>(std::count(text.begin(), text.begin() + offset, '\n')) + 1;
+        const int line =
+            static_cast<int>(std::count(text.begin(), text.begin() + offset, '\n')) + 1;
         EXPECT_EQ(line, e.line);
         EXPECT_EQ(static_cast<int>(offset - (lineStart + 1)), e.column);
       } else {

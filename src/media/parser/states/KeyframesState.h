@@ -23,8 +23,8 @@ class KeyframesState : public ParserState {
       : ParserState(context.parser), context_(context), parameter_(std::move(parameter)) {
     if (parameter_->hasKeyFrameAt(0)) {
       const auto time = static_cast<long long>(context_.parametric->toParameterTime(0.0));
-      context_.project->execute(boost::make_shared<RemoveParameterKeyFrameCmd<P>>(
-          context_.parametric, parameter_, time));
+      context_.project->execute(
+          boost::make_shared<RemoveParameterKeyFrameCmd<P>>(context_.parametric, parameter_, time));
     }
   }
 

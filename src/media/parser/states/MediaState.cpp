@@ -61,10 +61,10 @@ const KindRules& rulesOf(MediaState::Kind kind) {
 
 Child childOf(const char* name) {
   static const std::pair<const char*, Child> names[] = {
-      {"Parameters", ParametersChild},     {"Attributes", AttributesChild},
-      {"Transformer", TransformerChild},   {"LinkedMedia", LinkedMediaChild},
+      {"Parameters", ParametersChild},         {"Attributes", AttributesChild},
+      {"Transformer", TransformerChild},       {"LinkedMedia", LinkedMediaChild},
       {"ScreenMetaData", ScreenMetaDataChild}, {"LeftEdgeMods", EdgeModsChild},
-      {"RightEdgeMods", EdgeModsChild},    {"Effects", EffectsChild},
+      {"RightEdgeMods", EdgeModsChild},        {"Effects", EffectsChild},
   };
   for (const auto& entry : names) {
     if (std::strcmp(entry.first, name) == 0) {

@@ -32,9 +32,9 @@ boost::posix_time::ptime parseStamp(const std::string& stamp) {
 
 }  // namespace
 
-SourceState::SourceState(Parser* parser, boost::shared_ptr<Project> project,
-                         const std::string& src, const std::string& ident,
-                         const std::string& rect, const std::string& lastMod)
+SourceState::SourceState(Parser* parser, boost::shared_ptr<Project> project, const std::string& src,
+                         const std::string& ident, const std::string& rect,
+                         const std::string& lastMod)
     : ParserState(parser),
       project_(std::move(project)),
       storedStats_(MediaFileStats::create()),

@@ -32,7 +32,9 @@ class TrackState : public ParserState {
  public:
   TrackState(Parser* parser, boost::shared_ptr<Project> project,
              boost::shared_ptr<const Track> track, bool audio)
-      : ParserState(parser), project_(std::move(project)), track_(std::move(track)),
+      : ParserState(parser),
+        project_(std::move(project)),
+        track_(std::move(track)),
         audio_(audio) {}
 
   ParserState* startElement(const char* name, const char**) override {
@@ -105,7 +107,9 @@ class MixerState : public ParserState {
  public:
   MixerState(Parser* parser, boost::shared_ptr<Project> project,
              boost::shared_ptr<const VisualMixer> visual, boost::shared_ptr<const AudioMixer> audio)
-      : ParserState(parser), project_(std::move(project)), visual_(std::move(visual)),
+      : ParserState(parser),
+        project_(std::move(project)),
+        visual_(std::move(visual)),
         audio_(std::move(audio)) {}
 
   ParserState* startElement(const char* name, const char**) override {
@@ -118,17 +122,16 @@ class MixerState : public ParserState {
     if (visual_) {
       const parser::ParameterContext context{parser(), project_, visual_};
       if (std::strcmp(name, "Parameters") == 0) {
-        return new ParametersState(parser(),
-                                   parser::ParameterChain(context)
-                                       .vector("eyePosition", visual_->eyePositionParam())
-                                       .vector("eyeLookAtPosition", visual_->eyeLookAtPositionParam())
-                                       .vector("eyeUpVector", visual_->eyeUpVectorParam())
-                                       .interpolating<float>("fov", visual_->fovParam())
-                                       .interpolating<float>("nearClipDistance",
-                                                             visual_->nearClipDistanceParam())
-                                       .interpolating<float>("farClipDistance",
-                                                             visual_->farClipDistanceParam())
-                                       .end("VisualMixer State Parameters"));
+        return new ParametersState(
+            parser(),
+            parser::ParameterChain(context)
+                .vector("eyePosition", visual_->eyePositionParam())
+                .vector("eyeLookAtPosition", visual_->eyeLookAtPositionParam())
+                .vector("eyeUpVector", visual_->eyeUpVectorParam())
+                .interpolating<float>("fov", visual_->fovParam())
+                .interpolating<float>("nearClipDistance", visual_->nearClipDistanceParam())
+                .interpolating<float>("farClipDistance", visual_->farClipDistanceParam())
+                .end("VisualMixer State Parameters"));
       }
       if (std::strcmp(name, "Transformer") == 0) {
         return new TransformerState(context, visual_->transformer());
@@ -141,8 +144,9 @@ class MixerState : public ParserState {
   ParserState* startAttributes() {
     if (visual_) {
       return new AttributesState(
-          parser(), {{"width", AttributesState::setAttribute(visual_->attributeWidth(), project_)},
-                     {"height", AttributesState::setAttribute(visual_->attributeHeight(), project_)}});
+          parser(),
+          {{"width", AttributesState::setAttribute(visual_->attributeWidth(), project_)},
+           {"height", AttributesState::setAttribute(visual_->attributeHeight(), project_)}});
     }
     return new AttributesState(
         parser(),

@@ -31,8 +31,8 @@ ParserState* TransformerState::startElement(const char* name, const char** atts)
   } else if (vectorName == "scale") {
     vector = transformer_->scale();
   } else {
-    throw ParserException("Unexpected  VectorParam \"" + vectorName + "\" in Transformer State",
-                          0, 0);
+    throw ParserException("Unexpected  VectorParam \"" + vectorName + "\" in Transformer State", 0,
+                          0);
   }
   return new VectorParamState(context_, vector);
 }
