@@ -120,6 +120,10 @@
 #include "media/media/VMFile.h"
 #include "media/media/VisualMedia.h"
 #include "media/metadata/ScreenMetaData.h"
+#include "media/parser/ChangedFileHandler.h"
+#include "media/parser/LoadCancelledException.h"
+#include "media/parser/MissingFileHandler.h"
+#include "media/parser/Parser.h"
 #include "media/project/ClipBoard.h"
 #include "media/project/CommandHistory.h"
 #include "media/project/CommandHistoryState.h"
@@ -217,6 +221,9 @@
 #include "commands/ZoomdriftAddActionUtil.h"
 #include "commands/ZoomdriftAddActionsCmd.h"
 #include "commands/ZoomdriftAddActionsWithKeyFramesCmd.h"
+
+// Reading project files
+#include "parser/OrvParser.h"
 
 // Project
 #include "project/InternalOrvProject.h"

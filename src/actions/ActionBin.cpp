@@ -6,6 +6,7 @@
 #include "core/Observer.h"
 #include "core/XMLText.h"
 #include "media/effects/Effect.h"
+#include "media/media/AudioTransition.h"
 #include "media/media/Media.h"
 
 #include <boost/make_shared.hpp>
@@ -13,6 +14,8 @@
 #include <algorithm>
 #include <ostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace OrvMediaLib {
 
@@ -261,18 +264,49 @@ void ActionBin::xmlName(Options& options) const {
 
 void ActionBin::xmlAttributes(Options& options) const {
   KelMediaLib::writeLiteral(options.out, "id=\"");
-  KelMediaLib::writeXMLValue(options.out, xmlIdent());
+  KelMediaLib::writeXMLValue(options.out, options.ident(*this));
   options.out << '"';
 }
 
 void ActionBin::xmlBody(Options& options, int depth) const {
-  const std::string indent = genIndent(depth);
+  // In the order in which the document named the media, so that the text
+  // doesn't depend on where the media lie in memory. Inside a project
+  // document (the bin isn't the first thing it names) only media the
+  // document wrote can be named: the actions of an audio transition, which
+  // has no element, or of a media off the timeline are left out, and the
+  // file stays readable. A bin written alone writes all its media, in the
+  // order they were made.
+  const bool alone = options.ident(*this) == 1;
+  struct Entry {
+    bool named;
+    unsigned int order;
+    const ActionMap::value_type* actions;
+  };
+  std::vector<Entry> entries;
   for (const auto& entry : actions_) {
-    options.out << indent << "<MediasActions media=\"" << entry.first->xmlIdent() << "\">\n";
-    for (const auto& action : entry.second) {
+    const KelMediaLib::Media& media = *entry.first;
+    if (dynamic_cast<const KelMediaLib::AudioTransition*>(&media)) {
+      continue;
+    }
+    const bool named = options.named(media);
+    if (!named && !alone) {
+      continue;
+    }
+    entries.push_back(Entry{named, named ? options.ident(media) : media.xmlIdent(), &entry});
+  }
+  std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+    return a.named != b.named ? a.named : a.order < b.order;
+  });
+  for (const Entry& entry : entries) {
+    KelMediaLib::writeIndent(options.out, depth);
+    KelMediaLib::writeLiteral(options.out, "<MediasActions media=\"");
+    KelMediaLib::writeXMLValue(options.out, options.ident(*entry.actions->first));
+    KelMediaLib::writeLiteral(options.out, "\">\n");
+    for (const auto& action : entry.actions->second) {
       action->toXML(options, depth + 1, std::string());
     }
-    options.out << indent << "</MediasActions>\n";
+    KelMediaLib::writeIndent(options.out, depth);
+    KelMediaLib::writeLiteral(options.out, "</MediasActions>\n");
   }
 }
 

@@ -76,7 +76,7 @@ void InternalOrvProject::xmlAttributes(Options& options) const {
 void InternalOrvProject::xmlBody(Options& options, int depth) const {
   // Through the writer: it checks what the file can't hold and reads the
   // inner project under its lock.
-  KelMediaLib::ProjectWriter::writeElement(*project_, options.out, depth);
+  KelMediaLib::ProjectWriter::writeElement(*project_, options, depth);
   actionBin_->toXML(options, depth, " name=\"actionBin\"");
   zdActionBin_->toXML(options, depth, " name=\"zdActionBin\"");
   audioActionBin_->toXML(options, depth, " name=\"audioActionBin\"");

@@ -238,15 +238,14 @@ TEST_F(ParameterTest, LeftParameterStepsFromKeyFrameToKeyFrame) {
 
 TEST_F(ParameterTest, WritesItsKeyFramesAsXML) {
   opacity->addKeyFrame(10, 0.5);
-  const std::string id = std::to_string(opacity->xmlIdent());
-  EXPECT_EQ("<Parameter id=\"" + id +
-                "\" name=\"opacity\">\n"
-                "  <Keyframes>\n"
-                "    <Keyframe time=\"0\" value=\"1\"/>\n"
-                "    <Keyframe time=\"10\" value=\"0.5\"/>\n"
-                "  </Keyframes>\n"
-                "</Parameter>\n",
-            xmlOf(*opacity));
+  EXPECT_EQ(
+      "<Parameter id=\"1\" name=\"opacity\">\n"
+      "  <Keyframes>\n"
+      "    <Keyframe time=\"0\" value=\"1\"/>\n"
+      "    <Keyframe time=\"10\" value=\"0.5\"/>\n"
+      "  </Keyframes>\n"
+      "</Parameter>\n",
+      xmlOf(*opacity));
 }
 
 }  // namespace

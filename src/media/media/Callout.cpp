@@ -56,18 +56,21 @@ void Callout::xmlName(Options& options) const { writeLiteral(options.out, "Callo
 void Callout::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
   writeTimeAttributes(options);
-  writeStretchAttributes(options, mediaTimeRange().start);
+  // As for an `IMFile`: the start before the trims, which a reader replays.
+  const long long trimSum = replayableTrimStartSum();
+  writeStretchAttributes(options, mediaTimeRange().start - trimSum);
   writeXMLAttribute(out, "trackNumber", trackIndex());
-  writeXMLAttribute(out, "src", source()->xmlIdent());
+  writeXMLAttribute(out, "src", options.ident(*source()));
   writeXMLAttribute(out, "textRect", textRect_->value());
   writeXMLAttribute(out, "hotspot", hotSpot_->value());
-  writeXMLAttribute(out, "trimStartSum", trimStartSum());
+  writeXMLAttribute(out, "trimStartSum", trimSum);
 }
 
 void Callout::xmlBody(Options& options, int depth) const {
   std::vector<const XMLable*> parameters = visualParameters();
   parameters.push_back(text_.get());
   writeParameters(options, depth, parameters);
+  writeAttributes(options, depth, {ident().get()});
   transformer()->toXML(options, depth, std::string());
   writeLinks(options, depth);
   writeEdges(options, depth);

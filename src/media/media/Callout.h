@@ -22,8 +22,9 @@ class Attribute;
 /// text goes in the bubble).
 ///
 /// Written as `<Callout id start duration scalar mediaStart mediaDuration
-/// trackNumber src textRect hotspot trimStartSum>`; a reader of that element
-/// doesn't replay the trims, so "mediaStart" is the current one.
+/// trackNumber src textRect hotspot trimStartSum>`, with an "ident" attribute;
+/// as for an `IMFile`, "mediaStart" is the start before the trims, which a
+/// reader replays.
 class Callout : public VisualMedia, public FileRepresentation {
  public:
   static boost::shared_ptr<Callout> create(long long mediaStart, long long duration,

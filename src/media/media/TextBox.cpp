@@ -1,5 +1,6 @@
 #include "media/media/TextBox.h"
 
+#include "core/Attribute.h"
 #include "core/KelMediaLibException.h"
 #include "core/XMLText.h"
 #include "media/media/ConstMediaDispatcher.h"
@@ -63,6 +64,7 @@ void TextBox::xmlBody(Options& options, int depth) const {
   const std::vector<const XMLable*> visual = visualParameters();
   parameters.insert(parameters.end(), visual.begin(), visual.end());
   writeParameters(options, depth, parameters);
+  writeAttributes(options, depth, {ident().get()});
   transformer()->toXML(options, depth, std::string());
   writeLinks(options, depth);
   writeEffects(options, depth);

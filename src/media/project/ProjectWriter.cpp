@@ -142,10 +142,13 @@ void ProjectWriter::write(const Project& project, const std::string& path) {
   }
 }
 
-void ProjectWriter::writeElement(const Project& project, std::ostream& out, int depth) {
+void ProjectWriter::writeElement(const Project& project, XMLable::Options& options, int depth) {
   const ReadWriteMutex::ScopedReadLock lock(project.mutex());
   checkWritable(project);
-  writeDocument(project, out, depth, false);
+  project.toXML(options, depth, std::string());
+  if (!options.out) {
+    throw IOException("bad write of the project file.");
+  }
 }
 
 }  // namespace KelMediaLib

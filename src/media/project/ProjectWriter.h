@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/XMLable.h"
+
 #include <iosfwd>
 #include <string>
 
@@ -45,9 +47,11 @@ class ProjectWriter {
   /// replaced. A refused project leaves the file untouched; a file that
   /// can't be opened or written is an `IOException` naming it.
   static void write(const Project& project, const std::string& path);
-  /// Writes the "Project" element alone, its tags at depth `depth`, for a
-  /// document that holds it under a root of its own. Same checks and lock.
-  static void writeElement(const Project& project, std::ostream& out, int depth);
+  /// Writes the "Project" element alone, its tags at depth `depth`, to
+  /// `options.out`, for a document that holds it under a root of its own
+  /// and goes on numbering its idents with `options`. Same checks and lock;
+  /// the stream is the caller's (`write` gives one in the classic locale).
+  static void writeElement(const Project& project, XMLable::Options& options, int depth);
 };
 
 }  // namespace KelMediaLib

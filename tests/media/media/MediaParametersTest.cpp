@@ -181,18 +181,25 @@ TEST(MediaParametersTest, FileElementsCarryTheirValuesAndLinks) {
       boost::make_shared<EdgeModification>(video->opacity(), FadeOutFunc()), -1);
   const boost::shared_ptr<AMFile> sound = AMFile::create(R(0, 300), p.lock, p.source, 1, {0, 1});
   video->addLink(sound);
-  const std::string ids = std::to_string(video->xmlIdent());
   const std::string xml = xmlOf(*video);
+  // Idents are numbered in the order the element names them: itself, its
+  // source, then its parameters ahead of the link and the edge.
+  const auto identOf = [&xml](const std::string& before) {
+    const auto at = xml.find(before);
+    return at == std::string::npos
+               ? std::string("?")
+               : xml.substr(at + before.size(),
+                            xml.find('"', at + before.size()) - at - before.size());
+  };
+  const std::string opacity = identOf("<EdgeMod parameter=\"");
+  EXPECT_NE(std::string::npos,
+            xml.find("<InterpolatingParam id=\"" + opacity + "\" name=\"opacity\">"));
+  EXPECT_LT(std::stoi(opacity), std::stoi(identOf("link=\"")));
   const std::vector<std::string> expected = {
-      "<VMFile id=\"" + ids +
-          "\" start=\"30\" duration=\"270\" scalar=\"1\" mediaStart=\"30\" "
-          "mediaDuration=\"270\" trackNumber=\"0\" src=\"" +
-          std::to_string(p.source->xmlIdent()) + "\">\n",
-      "  <LinkedMedia>\n    <MediaLink link=\"" + std::to_string(sound->xmlIdent()) +
-          "\"/>\n  </LinkedMedia>\n",
-      "  <LeftEdgeMods length=\"10\">\n    <EdgeMod parameter=\"" +
-          std::to_string(video->opacity()->xmlIdent()) +
-          "\">\n      <FadeOutFunc/>\n    </EdgeMod>\n",
+      "<VMFile id=\"1\" start=\"30\" duration=\"270\" scalar=\"1\" mediaStart=\"30\" "
+      "mediaDuration=\"270\" trackNumber=\"0\" src=\"2\">\n",
+      "  <LinkedMedia>\n    <MediaLink link=\"",
+      "\">\n      <FadeOutFunc/>\n    </EdgeMod>\n",
       "</VMFile>\n",
   };
   for (const std::string& part : expected) {
@@ -214,10 +221,10 @@ TEST(MediaParametersTest, StillElementsWriteWhatTheirReaderReplays) {
   const boost::shared_ptr<IMFile> image = IMFile::create(10, 50, p.lock, p.source, 0);
   image->setStart(100);
   image->trimStart(5);
-  EXPECT_NE(std::string::npos,
-            xmlOf(*image).find("start=\"105\" duration=\"45\" scalar=\"1\" mediaStart=\"10\" "
-                               "mediaDuration=\"45\" trackNumber=\"0\" src=\"" +
-                               std::to_string(p.source->xmlIdent()) + "\" trimStartSum=\"5\">"));
+  EXPECT_NE(
+      std::string::npos,
+      xmlOf(*image).find("start=\"105\" duration=\"45\" scalar=\"1\" mediaStart=\"10\" "
+                         "mediaDuration=\"45\" trackNumber=\"0\" src=\"2\" trimStartSum=\"5\">"));
 
   const boost::shared_ptr<TextBox> box = TextBox::create("a \"b\"", 90, 320.5f, 40.0f, p.lock);
   const std::string text = xmlOf(*box);

@@ -81,13 +81,13 @@ TEST(SourceTest, SourceElementListsItsTracks) {
   XMLable::Options options(out);
   source->toXML(options, 0, std::string());
   EXPECT_EQ(
-      "<Source id=\"" + std::to_string(source->xmlIdent()) +
-          "\" src=\"clip.mov\" lastMod=\"20061231T235959\" rect=\"(0,0,640,480)\">\n"
-          "  <SourceTrack range=\"(0,300)\" type=\"0\" editRate=\"30/1\" "
-          "trackRect=\"(0,0,640,480)\" sampleRate=\"0/1\" bitDepth=\"0\" numChannels=\"0\"/>\n"
-          "  <SourceTrack range=\"(0,300)\" type=\"2\" editRate=\"30/1\" "
-          "trackRect=\"(0,0,0,0)\" sampleRate=\"48000/1\" bitDepth=\"16\" numChannels=\"2\"/>\n"
-          "</Source>\n",
+      "<Source id=\"1"
+      "\" src=\"clip.mov\" lastMod=\"20061231T235959\" rect=\"(0,0,640,480)\">\n"
+      "  <SourceTrack range=\"(0,300)\" type=\"0\" editRate=\"30/1\" "
+      "trackRect=\"(0,0,640,480)\" sampleRate=\"0/1\" bitDepth=\"0\" numChannels=\"0\"/>\n"
+      "  <SourceTrack range=\"(0,300)\" type=\"2\" editRate=\"30/1\" "
+      "trackRect=\"(0,0,0,0)\" sampleRate=\"48000/1\" bitDepth=\"16\" numChannels=\"2\"/>\n"
+      "</Source>\n",
       out.str());
   EXPECT_EQ(Range<long long>(0, 300), *source->trackRange(1));
   EXPECT_FALSE(source->trackRange(2));
