@@ -1,28 +1,10 @@
 #include "clipbin/SampleRecording.h"
 
-#include "core/CommandHandler.h"
+#include "clipbin/VidpakProjectWriter.h"
 #include "core/IOException.h"
-#include "media/commands/AddMediaCmd.h"
-#include "media/commands/LinkCmd.h"
-#include "media/commands/NamedCommand.h"
-#include "media/commands/NewAudioMixerCmd.h"
-#include "media/commands/NewAudioTrackCmd.h"
-#include "media/commands/NewVisualMixerCmd.h"
-#include "media/commands/NewVisualTrackCmd.h"
-#include "media/media/AMFile.h"
-#include "media/media/VMFile.h"
-#include "media/metadata/ScreenMetaData.h"
-#include "media/project/Project.h"
-#include "media/project/ProjectWriter.h"
-#include "media/sources/MediaFileStats.h"
 #include "media/sources/MediaFileWriter.h"
-#include "media/sources/Source.h"
-#include "media/timeline/AudioTrack.h"
-#include "media/timeline/VisualTrack.h"
-#include "values/SetAttributeValueCmd.h"
 
 #include <boost/filesystem.hpp>
-#include <boost/make_shared.hpp>
 
 #include <algorithm>
 #include <cstdint>
@@ -350,14 +332,6 @@ void writeText(const std::string& path, const std::string& text) {
   }
 }
 
-void stamp(const std::string& path) {
-  boost::system::error_code error;
-  boost::filesystem::last_write_time(path, kRecordedAt, error);
-  if (error) {
-    throw KelMediaLib::IOException("can't set the time of \"" + path + "\": " + error.message());
-  }
-}
-
 std::string boxText(const Box& box) {
   return std::to_string(box.x) + ' ' + std::to_string(box.y) + ' ' + std::to_string(box.w) +
          ' ' + std::to_string(box.h);
@@ -398,67 +372,6 @@ void writeMetaData(const std::string& bundle) {
   writeText(bundle + "/dirtyrect.dat", dirty);
 }
 
-// Puts a source made by the caller into the bin, as a user's load would.
-class PutSourceCmd : public KelMediaLib::NamedCommand {
- public:
-  explicit PutSourceCmd(boost::shared_ptr<const KelMediaLib::Source> source)
-      : NamedCommand("PutSourceCmd"), source_(std::move(source)) {}
-  PutSourceCmd* clone() const override { return new PutSourceCmd(source_); }
-  bool execute(KelMediaLib::CommandHandler* handler) override {
-    handler->loadSource(source_);
-    return true;
-  }
-  bool unexecute(KelMediaLib::CommandHandler* handler) override {
-    handler->unloadSource(source_);
-    return true;
-  }
-
- private:
-  boost::shared_ptr<const KelMediaLib::Source> source_;
-};
-
-// The recording's own project: the screen on a visual track with its
-// metadata, the sound linked to it on an audio track.
-void writeProject(const std::string& bundle) {
-  using namespace KelMediaLib;
-  const boost::shared_ptr<Project> project =
-      Project::create(EditRate(SampleRecording::framesPerSecond, 1));
-  project->execute(NewVisualMixerCmd::create(SampleRecording::width, SampleRecording::height));
-  project->execute(NewAudioMixerCmd::create(SampleRecording::sampleRate, 16, 1));
-  const auto visualTrack = NewVisualTrackCmd::create(-1);
-  project->execute(visualTrack);
-  const auto audioTrack = NewAudioTrackCmd::create(-1);
-  project->execute(audioTrack);
-
-  // The stats are probed at the files' full paths; the names are made
-  // relative to the bundle only for writing, once the media are read.
-  const auto screenStats = MediaFileStats::create(bundle + "/screen.mov");
-  const auto soundStats = MediaFileStats::create(bundle + "/audiotrack0.wav");
-  const auto screen = Source::create(screenStats, project, project);
-  const auto sound = Source::create(soundStats, project, project);
-  project->execute(boost::shared_ptr<Command>(new PutSourceCmd(screen)));
-  project->execute(boost::shared_ptr<Command>(new PutSourceCmd(sound)));
-
-  const auto video = VMFile::create(*screen->trackRange(0), project, screen, 0);
-  const auto metaData = ScreenMetaData::create(project, video, project);
-  metaData->setFrontWindowFile("frontmost.dat");
-  metaData->setCursorLocationFile("cursorlocation.dat");
-  metaData->setCursorActionFile("cursoraction.dat");
-  metaData->setDirtyRectsFile("dirtyrect.dat");
-  project->execute(boost::make_shared<SetAttributeValueCmd<boost::shared_ptr<const ScreenMetaData>>>(
-      video->screenMetaData(), metaData));
-  const auto audio = AMFile::create(*sound->trackRange(0), project, sound, 0, {0});
-  project->execute(AddMediaCmd::create(visualTrack->visualTrack(), video, 0));
-  project->execute(AddMediaCmd::create(audioTrack->audioTrack(), audio, 0));
-  project->execute(LinkCmd::create(video, audio));
-
-  for (const auto& stats : {screenStats, soundStats}) {
-    stats->setFilename(boost::filesystem::path(stats->filename()).filename().string());
-    stats->setLastModified(kRecordedAt);
-  }
-  ProjectWriter::write(*project, bundle + "/project.xml");
-}
-
 }  // namespace
 
 std::string SampleRecording::write(const std::string& folder) {
@@ -475,13 +388,7 @@ std::string SampleRecording::write(const std::string& folder) {
   const long long samples = static_cast<long long>(frames) * sampleRate / framesPerSecond;
   MediaFileWriter::write(bundle + "/audiotrack0.wav", {}, {{sampleRate, 1, samples, fillSound}});
   writeMetaData(bundle);
-  const char* const files[] = {"screen.mov",        "audiotrack0.wav",   "cursorlocation.dat",
-                               "cursoraction.dat", "frontmost.dat", "dirtyrect.dat"};
-  for (const char* file : files) {
-    stamp(bundle + "/" + file);
-  }
-  writeProject(bundle);
-  stamp(bundle + "/project.xml");
+  VidpakProjectWriter::write(bundle, kRecordedAt);
   return bundle;
 }
 
