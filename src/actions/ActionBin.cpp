@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <ostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace OrvMediaLib {
 
@@ -233,18 +235,33 @@ void ActionBin::xmlName(Options& options) const {
 
 void ActionBin::xmlAttributes(Options& options) const {
   KelMediaLib::writeLiteral(options.out, "id=\"");
-  KelMediaLib::writeXMLValue(options.out, xmlIdent());
+  KelMediaLib::writeXMLValue(options.out, options.ident(*this));
   options.out << '"';
 }
 
 void ActionBin::xmlBody(Options& options, int depth) const {
-  const std::string indent = genIndent(depth);
+  // In the order in which the document wrote the media, so that the text
+  // doesn't depend on where the media lie in memory. Media the document
+  // didn't write (an audio transition has no element) can't be named: their
+  // actions are left out, and the file stays readable.
+  std::vector<std::pair<unsigned int, const ActionMap::value_type*>> written;
   for (const auto& entry : actions_) {
-    options.out << indent << "<MediasActions media=\"" << entry.first->xmlIdent() << "\">\n";
-    for (const auto& action : entry.second) {
+    if (options.named(*entry.first)) {
+      written.emplace_back(options.ident(*entry.first), &entry);
+    }
+  }
+  std::sort(written.begin(), written.end(),
+            [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (const auto& item : written) {
+    KelMediaLib::writeIndent(options.out, depth);
+    KelMediaLib::writeLiteral(options.out, "<MediasActions media=\"");
+    KelMediaLib::writeXMLValue(options.out, item.first);
+    KelMediaLib::writeLiteral(options.out, "\">\n");
+    for (const auto& action : item.second->second) {
       action->toXML(options, depth + 1, std::string());
     }
-    options.out << indent << "</MediasActions>\n";
+    KelMediaLib::writeIndent(options.out, depth);
+    KelMediaLib::writeLiteral(options.out, "</MediasActions>\n");
   }
 }
 

@@ -198,7 +198,7 @@ boost::shared_ptr<Action> ActionImpl::createCloneAction(
 void ActionImpl::xmlAttributes(Options& options) const {
   // The file requires an id on every action, though no reader uses it.
   KelMediaLib::writeLiteral(options.out, "id=\"");
-  KelMediaLib::writeXMLValue(options.out, xmlIdent());
+  KelMediaLib::writeXMLValue(options.out, options.ident(*this));
   KelMediaLib::writeLiteral(options.out, "\" timeRange=\"");
   KelMediaLib::writeXMLValue(options.out, timeRange());
   options.out << '"';

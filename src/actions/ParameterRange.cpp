@@ -225,9 +225,9 @@ void ParameterRange::xmlName(Options& options) const {
 void ParameterRange::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
   out << "id=\"";
-  KelMediaLib::writeXMLValue(out, xmlIdent());
+  KelMediaLib::writeXMLValue(out, options.ident(*this));
   out << "\" parametric=\"";
-  KelMediaLib::writeXMLValue(out, parametric_->xmlIdent());
+  KelMediaLib::writeXMLValue(out, options.ident(*parametric_));
   out << "\" parameter=\"";
   KelMediaLib::writeXMLValue(out, parameter_->name());
   out << "\" left=\"";

@@ -43,7 +43,8 @@ class Attribute : public KelObject, public Subject, public XMLable, public virtu
   void xmlName(Options& options) const override { writeLiteral(options.out, "Attribute"); }
 
   void xmlAttributes(Options& options) const override {
-    options.out << "id=\"" << xmlIdent() << "\" name=\"";
+    writeFirstXMLAttribute(options.out, "id", options.ident(*this));
+    writeLiteral(options.out, " name=\"");
     writeXMLValue(options.out, name_);
     writeLiteral(options.out, "\" value=\"");
     writeXMLValue(options.out, value());

@@ -58,4 +58,13 @@ void writeXMLAttribute(std::ostream& out, const char* name, const T& value) {
   writeLiteral(out, "\"");
 }
 
+/// Writes `name="value"`, the first attribute of an element, with no blank.
+template <class T>
+void writeFirstXMLAttribute(std::ostream& out, const char* name, const T& value) {
+  writeRaw(out, name, std::char_traits<char>::length(name));
+  writeLiteral(out, "=\"");
+  writeXMLValue(out, value);
+  writeLiteral(out, "\"");
+}
+
 }  // namespace KelMediaLib

@@ -28,6 +28,11 @@ void XMLable::toXML(Options& options, int indent, const std::string& extraAttrib
   writeLiteral(out, ">\n");
 }
 
+unsigned int XMLable::Options::ident(const XMLIdentified& object) {
+  const auto next = static_cast<unsigned int>(idents_.size() + 1);
+  return idents_.emplace(&object, next).first->second;
+}
+
 std::string XMLable::genIndent(int depth) {
   return std::string(depth > 0 ? static_cast<std::string::size_type>(depth) * 2 : 0, ' ');
 }

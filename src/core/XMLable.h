@@ -2,8 +2,11 @@
 
 #include <iosfwd>
 #include <string>
+#include <unordered_map>
 
 namespace KelMediaLib {
+
+class XMLIdentified;
 
 /// Something that writes itself as one XML element of a project file.
 ///
@@ -13,10 +16,22 @@ namespace KelMediaLib {
 /// none before the first) and the body.
 class XMLable {
  public:
-  /// What a writer carries along: the stream written to.
+  /// What a writer carries along: the stream written to, and the idents
+  /// of the document.
   struct Options {
     explicit Options(std::ostream& stream) : out(stream) {}
     std::ostream& out;
+
+    /// The "id" of `object` in this document. Objects are numbered from 1
+    /// in the order in which the document first names them (as an element or
+    /// from another element), so the text depends on the model alone: two
+    /// writes of one model, or of the model read back, give the same bytes.
+    unsigned int ident(const XMLIdentified& object);
+    /// Whether the document has named `object` so far.
+    bool named(const XMLIdentified& object) const { return idents_.count(&object) != 0; }
+
+   private:
+    std::unordered_map<const XMLIdentified*, unsigned int> idents_;
   };
 
   virtual ~XMLable() = default;

@@ -236,7 +236,7 @@ class Parameter : public SubProject,
   void xmlName(Options& options) const override { writeLiteral(options.out, "Parameter"); }
   void xmlAttributes(Options& options) const override {
     writeLiteral(options.out, "id=\"");
-    writeXMLValue(options.out, xmlIdent());
+    writeXMLValue(options.out, options.ident(*this));
     writeLiteral(options.out, "\" name=\"");
     writeXMLValue(options.out, name());
     writeLiteral(options.out, "\"");

@@ -57,7 +57,9 @@ void VectorParam::copyKeyFramesFrom(const VectorParam& source) {
 void VectorParam::xmlName(Options& options) const { writeLiteral(options.out, "VectorParam"); }
 
 void VectorParam::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << "\" name=\"";
+  writeLiteral(options.out, "id=\"");
+  writeXMLValue(options.out, options.ident(*this));
+  writeLiteral(options.out, "\" name=\"");
   writeXMLValue(options.out, name_);
   options.out << '"';
 }
@@ -67,7 +69,7 @@ void VectorParam::xmlBody(Options& options, int depth) const {
   for (const auto& member : members_) {
     writeIndent(options.out, depth);
     writeLiteral(options.out, "<InterpolatingParam id=\"");
-    writeXMLValue(options.out, member->xmlIdent());
+    writeXMLValue(options.out, options.ident(*member));
     writeLiteral(options.out, "\">\n");
     member->xmlBody(options, depth + 1);
     writeIndent(options.out, depth);

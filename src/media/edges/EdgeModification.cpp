@@ -28,7 +28,7 @@ EdgeModification::~EdgeModification() = default;
 void EdgeModification::xmlName(Options& options) const { writeLiteral(options.out, "EdgeMod"); }
 
 void EdgeModification::xmlAttributes(Options& options) const {
-  options.out << "parameter=\"" << (parameter_ ? parameter_->xmlIdent() : 0u) << '"';
+  writeFirstXMLAttribute(options.out, "parameter", parameter_ ? options.ident(*parameter_) : 0u);
 }
 
 void EdgeModification::xmlBody(Options& options, int depth) const {

@@ -21,7 +21,7 @@ void MixerYSlideInFunc::xmlName(Options& options) const {
 }
 
 void MixerYSlideInFunc::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
   writeXMLAttribute(options.out, "angle", angle_);
 }
 

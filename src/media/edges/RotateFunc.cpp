@@ -20,7 +20,7 @@ void RotateFunc::xmlName(Options& options) const {
 }
 
 void RotateFunc::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
   writeXMLAttribute(options.out, "numRotations", numRotations_);
 }
 

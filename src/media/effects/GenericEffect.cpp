@@ -44,7 +44,7 @@ GenericEffect* GenericEffect::clone() const { return new GenericEffect(*this); }
 void GenericEffect::xmlName(Options& options) const { writeLiteral(options.out, "GenericEffect"); }
 
 void GenericEffect::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
   writeXMLAttribute(options.out, "name", name());
 }
 

@@ -126,7 +126,7 @@ void AMFile::xmlAttributes(Options& options) const {
   writeTimeAttributes(options);
   writeStretchAttributes(options, mediaTimeRange().start);
   writeXMLAttribute(out, "trackNumber", trackIndex());
-  writeXMLAttribute(out, "src", source()->xmlIdent());
+  writeXMLAttribute(out, "src", options.ident(*source()));
   out << " channelNumber=\"";
   writeChannels(out, channels_);
   out << '"';

@@ -58,7 +58,7 @@ void Callout::xmlAttributes(Options& options) const {
   writeTimeAttributes(options);
   writeStretchAttributes(options, mediaTimeRange().start);
   writeXMLAttribute(out, "trackNumber", trackIndex());
-  writeXMLAttribute(out, "src", source()->xmlIdent());
+  writeXMLAttribute(out, "src", options.ident(*source()));
   writeXMLAttribute(out, "textRect", textRect_->value());
   writeXMLAttribute(out, "hotspot", hotSpot_->value());
   writeXMLAttribute(out, "trimStartSum", trimStartSum());

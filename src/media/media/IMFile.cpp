@@ -58,7 +58,7 @@ void IMFile::xmlAttributes(Options& options) const {
   const long long trimSum = replayableTrimStartSum();
   writeStretchAttributes(options, mediaTimeRange().start - trimSum);
   writeXMLAttribute(out, "trackNumber", trackIndex());
-  writeXMLAttribute(out, "src", source()->xmlIdent());
+  writeXMLAttribute(out, "src", options.ident(*source()));
   writeXMLAttribute(out, "trimStartSum", trimSum);
 }
 

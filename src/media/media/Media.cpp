@@ -320,7 +320,7 @@ void Media::edgesChanged() {
 
 void Media::writeTimeAttributes(Options& options) const {
   std::ostream& out = options.out;
-  out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
   writeXMLAttribute(out, "start", range_.start);
   writeXMLAttribute(out, "duration", range_.duration);
 }
@@ -357,7 +357,7 @@ void Media::writeLinks(Options& options, int depth) const {
       open = true;
     }
     out << genIndent(depth + 1) << "<MediaLink link=\"";
-    writeXMLValue(out, other->xmlIdent());
+    writeXMLValue(out, options.ident(*other));
     out << "\"/>\n";
   }
   if (open) {

@@ -58,7 +58,7 @@ void VMFile::xmlAttributes(Options& options) const {
   writeTimeAttributes(options);
   writeStretchAttributes(options, mediaTimeRange().start);
   writeXMLAttribute(out, "trackNumber", trackIndex());
-  writeXMLAttribute(out, "src", source()->xmlIdent());
+  writeXMLAttribute(out, "src", options.ident(*source()));
 }
 
 void VMFile::xmlBody(Options& options, int depth) const {

@@ -46,6 +46,12 @@ void CommandHistory::record(boost::shared_ptr<Command> command) {
   ++position_;
 }
 
+void CommandHistory::clear() {
+  entries_.clear();
+  position_ = 0;
+  ident_ = nextSerial++;
+}
+
 boost::shared_ptr<Command> CommandHistory::nextUndo() const {
   if (!canUndo()) {
     throw KelMediaLibException("command history: nothing to undo");

@@ -45,6 +45,10 @@ class CommandHistory {
   /// Throws unless two entries are done.
   void combineLast();
 
+  /// Forgets every entry. Tokens taken before match nothing any more; the
+  /// token taken next names the new start.
+  void clear();
+
   /// The token of the current position.
   CommandHistoryState state() const;
   /// The position that `state` names; throws `KelMediaLibException` when the

@@ -135,6 +135,12 @@ void InternalProject::redo() {
   tell(&CommandObserver::commandRedone, command);
 }
 
+void InternalProject::clearHistory() {
+  ReadWriteMutex::ScopedWriteLock lock(mutex());
+  history_.clear();
+  combineNext_ = false;
+}
+
 void InternalProject::combineLastCommands() {
   ReadWriteMutex::ScopedWriteLock lock(mutex());
   history_.combineLast();
@@ -225,7 +231,7 @@ void InternalProject::xmlName(Options& options) const {
 void InternalProject::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
   out << "id=\"";
-  writeXMLValue(out, xmlIdent());
+  writeXMLValue(out, options.ident(*this));
   out << "\" editRate=\"";
   writeXMLValue(out, editRate_.numerator());
   out << '/';

@@ -42,6 +42,9 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   void redo() override;
   void combineLastCommands() override;
   void combineNextCommand() override;
+  /// Forgets the history, as after a load: nothing to undo or redo, and
+  /// `commandState()` from now on names the state as loaded.
+  void clearHistory();
   CommandHistoryState commandState() const override;
   void restoreCommandState(const CommandHistoryState& state) override;
   void attachCommandObserver(CommandObserver* observer) override;

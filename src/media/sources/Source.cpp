@@ -221,7 +221,7 @@ void Source::xmlName(Options& options) const {
 void Source::xmlAttributes(Options& options) const {
   std::ostream& out = options.out;
   writeLiteral(out, "id=\"");
-  writeXMLValue(out, xmlIdent());
+  writeXMLValue(out, options.ident(*this));
   writeLiteral(out, "\"");
   writeXMLAttribute(out, "src", stats_->filename());
   out << " lastMod=\"";

@@ -33,7 +33,7 @@ boost::shared_ptr<Track> AudioMixer::makeTrack(boost::weak_ptr<const ThreadSafe>
 void AudioMixer::xmlName(Options& options) const { writeLiteral(options.out, "AudioMixer"); }
 
 void AudioMixer::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
 }
 
 void AudioMixer::xmlBody(Options& options, int depth) const {

@@ -39,7 +39,7 @@ bool AudioTrack::accepts(const Media& media) const {
 void AudioTrack::xmlName(Options& options) const { writeLiteral(options.out, "AudioTrack"); }
 
 void AudioTrack::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
 }
 
 void AudioTrack::xmlBody(Options& options, int depth) const {

@@ -55,7 +55,7 @@ boost::shared_ptr<Track> VisualMixer::makeTrack(boost::weak_ptr<const ThreadSafe
 void VisualMixer::xmlName(Options& options) const { writeLiteral(options.out, "VisualMixer"); }
 
 void VisualMixer::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
 }
 
 void VisualMixer::xmlBody(Options& options, int depth) const {

@@ -44,7 +44,7 @@ bool VisualTrack::accepts(const Media& media) const {
 void VisualTrack::xmlName(Options& options) const { writeLiteral(options.out, "VisualTrack"); }
 
 void VisualTrack::xmlAttributes(Options& options) const {
-  options.out << "id=\"" << xmlIdent() << '"';
+  writeFirstXMLAttribute(options.out, "id", options.ident(*this));
 }
 
 void VisualTrack::xmlBody(Options& options, int depth) const {

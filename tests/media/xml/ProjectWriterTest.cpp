@@ -226,14 +226,15 @@ TEST_F(ProjectWriterTest, FollowsTheGrammarWithIdentsPointingBackAndValuesThatRe
   }
 }
 
-TEST_F(ProjectWriterTest, ProjectsBuiltAlikeAreWrittenAlikeButForIdents) {
-  const std::regex ident("\\b(id|src|link|parameter)=\"[0-9]+\"");
+TEST_F(ProjectWriterTest, ProjectsBuiltAlikeAreWrittenByteForByteAlike) {
+  // Idents are numbered per document, so neither the objects made between
+  // the two projects nor a second write changes the text.
   populate("clip");
   const std::string first = written();
+  EXPECT_EQ(first, written());
   SetUp();
   populate("clip");
-  EXPECT_NE(first, written());
-  EXPECT_EQ(std::regex_replace(first, ident, "$1"), std::regex_replace(written(), ident, "$1"));
+  EXPECT_EQ(first, written());
 }
 
 TEST_F(ProjectWriterTest, RefusesBeforeWritingAndNamesAFileItCannotWrite) {

@@ -1,0 +1,13 @@
+#include "Dispatcher.h"
+#include "InfoCommand.h"
+
+namespace orv {
+
+// The table of the tool's subcommands, in the order `orv --help` lists them.
+Dispatcher makeDispatcher() {
+  Dispatcher dispatcher;
+  dispatcher.add(std::make_unique<InfoCommand>());
+  return dispatcher;
+}
+
+}  // namespace orv
