@@ -6,8 +6,6 @@
 
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <fstream>
@@ -50,32 +48,13 @@ std::multimap<int, std::vector<double>> records(const std::string& path) {
   return byFrame;
 }
 
-// Writes the bundle in a process of its own, as `orv sample` does: the
-// idents of a project file count from where the process stands, and each
-// child starts from the same place.
-std::string writeInChild(const std::string& folder) {
-  const pid_t child = fork();
-  if (child == 0) {
-    try {
-      SampleRecording::write(folder);
-      _exit(0);
-    } catch (...) {
-      _exit(1);
-    }
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "writing into " << folder;
-  return folder + "/sample.vdpak";
-}
-
 // The bundles for the suite, written once: making one takes a moment.
 class SampleRecordingTest : public ::testing::Test {
  public:
   static void SetUpTestSuite() {
     const std::string scratch = testsupport::scratchFolder("sample-recording");
-    bundle() = writeInChild(scratch + "/first");
-    other() = writeInChild(scratch + "/second/deeper");
+    bundle() = SampleRecording::write(scratch + "/first");
+    other() = SampleRecording::write(scratch + "/second/deeper");
   }
   static std::string& bundle() {
     static std::string path;
