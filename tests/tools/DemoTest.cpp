@@ -93,6 +93,14 @@ TEST(DemoTest, SampleZoomAndInfoFromEndToEnd) {
   const OrvRun info = orvRun({"info", project});
   ASSERT_EQ(info.code, orv::kExitOk) << info.err;
   EXPECT_NE(info.out.find("VMFile at (0,300)"), std::string::npos) << info.out;
+
+  const OrvRun bundleInfo = orvRun({"info", bundle});
+  ASSERT_EQ(bundleInfo.code, orv::kExitOk) << bundleInfo.err;
+  EXPECT_NE(bundleInfo.out.find("(recording bundle, 1280x720)\ntracks:\n"
+                                "  video screen.mov (0,300) at 30/1, 4 metadata files\n"
+                                "  audio audiotrack0.wav (0,300) at 30/1\n"),
+            std::string::npos)
+      << bundleInfo.out;
 }
 
 // The project's file writes its action bins with idents of their own, apart

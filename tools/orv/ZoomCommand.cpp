@@ -75,7 +75,7 @@ int ZoomCommand::run(const std::vector<std::string>& args, std::ostream& out,
     }
     // The file is the product: it must read back. Undo and redo are reported.
     if (!result.readBackSame) {
-      err << "orv zoom: " << project << " doesn't read back to the text written\n";
+      err << "orv zoom: " << project << " doesn't read back as it was written\n";
       return kExitFailure;
     }
     return kExitOk;
