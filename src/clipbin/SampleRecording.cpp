@@ -107,7 +107,9 @@ Point2 cursorAt(int frame) {
   return at;
 }
 
-std::vector<int> clickFrames() { return {kClickEditor, kClickField, kClickButton}; }
+std::vector<int> clickFrames() {
+  return {kClickEditor, kClickField, kClickButton};
+}
 
 // The cell of the `index`th character typed from `left`, `top`: words of
 // five letters, lines of `perLine`.
@@ -132,7 +134,9 @@ int typedBy(int frame, int first, int count) {
   return std::min(count, (frame - first) / kKeyEvery + 1);
 }
 
-bool browserInFront(int frame) { return frame >= kClickField; }
+bool browserInFront(int frame) {
+  return frame >= kClickField;
+}
 
 // The rectangles whose pixels change at `frame`, the cursor aside.
 std::vector<Box> changesAt(int frame) {
@@ -236,9 +240,9 @@ void drawBrowser(const Canvas& canvas, int frame) {
 
 // The arrow, its tip at the top left: 'X' outline, '.' fill.
 const char* const kArrow[] = {
-    "X",          "XX",         "X.X",       "X..X",       "X...X",   "X....X",
-    "X.....X",    "X......X",   "X.......X", "X........X", "X......XXXX", "X..X..X",
-    "X.X X..X",   "XX  X..X",   "X    X..X", "     X..X",  "      XX",
+    "X",        "XX",       "X.X",       "X..X",       "X...X",       "X....X",
+    "X.....X",  "X......X", "X.......X", "X........X", "X......XXXX", "X..X..X",
+    "X.X X..X", "XX  X..X", "X    X..X", "     X..X",  "      XX",
 };
 
 void drawCursor(const Canvas& canvas, const Point2& tip) {
@@ -333,8 +337,8 @@ void writeText(const std::string& path, const std::string& text) {
 }
 
 std::string boxText(const Box& box) {
-  return std::to_string(box.x) + ' ' + std::to_string(box.y) + ' ' + std::to_string(box.w) +
-         ' ' + std::to_string(box.h);
+  return std::to_string(box.x) + ' ' + std::to_string(box.y) + ' ' + std::to_string(box.w) + ' ' +
+         std::to_string(box.h);
 }
 
 void writeMetaData(const std::string& bundle) {

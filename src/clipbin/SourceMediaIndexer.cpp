@@ -145,9 +145,9 @@ boost::shared_ptr<T> SourceMediaIndexer::mediaOnTrackIndex(boost::shared_ptr<con
   return mediaOnTrackIndexImpl<T>(*source, trackIndex);
 }
 
-template boost::shared_ptr<const VisualMedia> SourceMediaIndexer::mediaOnTrackIndex<
-    const VisualMedia>(boost::shared_ptr<const Source>, int);
-template boost::shared_ptr<const AudioMedia> SourceMediaIndexer::mediaOnTrackIndex<
-    const AudioMedia>(boost::shared_ptr<const Source>, int);
+template boost::shared_ptr<const VisualMedia>
+SourceMediaIndexer::mediaOnTrackIndex<const VisualMedia>(boost::shared_ptr<const Source>, int);
+template boost::shared_ptr<const AudioMedia>
+SourceMediaIndexer::mediaOnTrackIndex<const AudioMedia>(boost::shared_ptr<const Source>, int);
 
 }  // namespace OrvMediaLib

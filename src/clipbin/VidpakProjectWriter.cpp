@@ -143,8 +143,7 @@ void VidpakProjectWriter::write(const std::string& bundle, std::time_t recordedA
   std::vector<Stream> streams;
   streams.push_back(load(*project, project, screenFile));
   const Stream screen = streams.back();
-  const auto screenVideo =
-      addVideo(*project, project, screen, screen.track(MediaFileStats::Video));
+  const auto screenVideo = addVideo(*project, project, screen, screen.track(MediaFileStats::Video));
   const auto metaData = ScreenMetaData::create(project, screenVideo, project);
   const std::vector<std::pair<const char*, void (ScreenMetaData::*)(const std::string&)>> files = {
       {"frontmost.dat", &ScreenMetaData::setFrontWindowFile},
@@ -158,8 +157,9 @@ void VidpakProjectWriter::write(const std::string& bundle, std::time_t recordedA
       named.push_back(bundle + "/" + file.first);
     }
   }
-  project->execute(boost::make_shared<SetAttributeValueCmd<boost::shared_ptr<const ScreenMetaData>>>(
-      screenVideo->screenMetaData(), metaData));
+  project->execute(
+      boost::make_shared<SetAttributeValueCmd<boost::shared_ptr<const ScreenMetaData>>>(
+          screenVideo->screenMetaData(), metaData));
 
   std::vector<const Stream*> sounds;
   if (exists(cameraFile)) {
@@ -173,8 +173,8 @@ void VidpakProjectWriter::write(const std::string& bundle, std::time_t recordedA
     if (it->track(MediaFileStats::Audio) >= 0) sounds.push_back(&*it);
   }
   if (!sounds.empty()) {
-    const auto& first = sounds.front()->stats->trackStats()[sounds.front()->track(
-        MediaFileStats::Audio)];
+    const auto& first =
+        sounds.front()->stats->trackStats()[sounds.front()->track(MediaFileStats::Audio)];
     project->execute(NewAudioMixerCmd::create(
         static_cast<unsigned>(first.sampleRate.numerator() / first.sampleRate.denominator()),
         static_cast<unsigned>(first.bitDepth), static_cast<unsigned>(first.numChannels)));

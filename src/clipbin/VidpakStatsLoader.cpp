@@ -48,8 +48,8 @@ bool isScreenMov(const std::string& name) {
 
 void addMetaData(MediaFileStats::TrackStats& track) {
   const boost::filesystem::path folder = boost::filesystem::path(track.fileName).parent_path();
-  for (const char* name : {"dirtyrect.dat", "cursoraction.dat", "frontmost.dat",
-                           "cursorlocation.dat"}) {
+  for (const char* name :
+       {"dirtyrect.dat", "cursoraction.dat", "frontmost.dat", "cursorlocation.dat"}) {
     track.metaDataFiles.push_back((folder / name).string());
   }
 }
@@ -66,9 +66,9 @@ class TrackStatsSetter : public KelMediaLib::ConstMediaDispatcher {
     track.fileName = media->fileName();
     track.range = media->mediaTimeRange();
     const KelMediaLib::Rect<double> crop = media->geometryCropRectAtTime(0);
-    track.trackRect = KelMediaLib::Rect<int>(static_cast<int>(crop.x), static_cast<int>(crop.y),
-                                             static_cast<int>(crop.width),
-                                             static_cast<int>(crop.height));
+    track.trackRect =
+        KelMediaLib::Rect<int>(static_cast<int>(crop.x), static_cast<int>(crop.y),
+                               static_cast<int>(crop.width), static_cast<int>(crop.height));
     track.editRate = editRate_;
     if (isScreenMov(track.fileName)) {
       addMetaData(track);
@@ -137,8 +137,7 @@ void addTrackStats(const KelMediaLib::Timeline& timeline, MediaFileStats* stats,
                    KelMediaLib::EditRate editRate) {
   const auto visual = timeline.visualMixer();
   if (visual) {
-    stats->setRect(KelMediaLib::Rect<int>(0, 0,
-                                          static_cast<int>(visual->attributeWidth()->value()),
+    stats->setRect(KelMediaLib::Rect<int>(0, 0, static_cast<int>(visual->attributeWidth()->value()),
                                           static_cast<int>(visual->attributeHeight()->value())));
     addTrackStatsFromMixer(*visual, stats, editRate);
   }
@@ -181,9 +180,13 @@ void VidpakStatsLoader::loadStats(const std::string& path, MediaFileStats* stats
   stats->setFilename(path);
 }
 
-std::string VidpakStatsLoader::description() const { return "VidpakStatsLoader"; }
+std::string VidpakStatsLoader::description() const {
+  return "VidpakStatsLoader";
+}
 
-std::string VidpakStatsLoader::vidpakExtension() { return "vdpak"; }
+std::string VidpakStatsLoader::vidpakExtension() {
+  return "vdpak";
+}
 
 bool VidpakStatsLoader::validSystemAudioFilename(const std::string& name) {
   return name.find("audiotrack0.wav") != std::string::npos;

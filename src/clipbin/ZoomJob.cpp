@@ -73,9 +73,10 @@ long long toUnits(double seconds, EditRate rate) {
 template <class T>
 boost::shared_ptr<const T> mediaOf(const boost::shared_ptr<const KelMediaLib::Source>& source,
                                    int index) {
-  typedef typename std::conditional<std::is_base_of<KelMediaLib::VisualMedia, T>::value,
-                                    const KelMediaLib::VisualMedia,
-                                    const KelMediaLib::AudioMedia>::type Kind;
+  typedef
+      typename std::conditional<std::is_base_of<KelMediaLib::VisualMedia, T>::value,
+                                const KelMediaLib::VisualMedia, const KelMediaLib::AudioMedia>::type
+          Kind;
   return boost::dynamic_pointer_cast<const T>(
       SourceMediaIndexer::mediaOnTrackIndex<Kind>(source, index));
 }
@@ -110,9 +111,9 @@ ZoomJob::Result ZoomJob::run(const std::string& bundle, const std::string& proje
   result.width = stats->rect().width;
   result.height = stats->rect().height;
 
-  const boost::shared_ptr<OrvProject> project = OrvProject::create(
-      static_cast<unsigned>(result.editRate.numerator()),
-      static_cast<unsigned>(result.editRate.denominator()));
+  const boost::shared_ptr<OrvProject> project =
+      OrvProject::create(static_cast<unsigned>(result.editRate.numerator()),
+                         static_cast<unsigned>(result.editRate.denominator()));
   project->execute(NewVisualMixerCmd::create(static_cast<float>(result.width),
                                              static_cast<float>(result.height)));
   const auto load = LoadSourceCmd::create(bundle);
@@ -149,9 +150,8 @@ ZoomJob::Result ZoomJob::run(const std::string& bundle, const std::string& proje
   const long long fade = toUnits(settings.fadeSeconds, result.editRate);
 
   const std::string before = fileText(*project);
-  project->orvExecute(ZoomdriftAddActionsCmd::create(onTimeline, engine, fade,
-                                                     project->zdActionBin(), result.width,
-                                                     result.height));
+  project->orvExecute(ZoomdriftAddActionsCmd::create(
+      onTimeline, engine, fade, project->zdActionBin(), result.width, result.height));
   const std::string after = fileText(*project);
   project->undo();
   result.undoExact = fileText(*project) == before;
@@ -200,8 +200,8 @@ void ZoomJob::printSummary(std::ostream& out, const Result& result) {
         << formatSeconds(zoom.end) << " s  rect (" << zoom.rect.left << ',' << zoom.rect.top
         << ")-(" << zoom.rect.right << ',' << zoom.rect.bottom << ")\n";
   }
-  out << "undo: " << (result.undoExact ? "exact" : "DIFFERS") << "; redo: "
-      << (result.redoExact ? "exact" : "DIFFERS") << '\n';
+  out << "undo: " << (result.undoExact ? "exact" : "DIFFERS")
+      << "; redo: " << (result.redoExact ? "exact" : "DIFFERS") << '\n';
   out << "read back: " << (result.readBackSame ? "same" : "DIFFERS") << '\n';
 }
 

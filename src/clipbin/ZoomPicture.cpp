@@ -36,6 +36,27 @@ bool cursorAt(const ZoomJob::Result& result, long long time, double* x, double* 
   return true;
 }
 
+// A file name as SVG text: it may hold what markup would take for its own.
+std::string escaped(const std::string& text) {
+  std::string out;
+  for (char c : text) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
+}
+
 }  // namespace
 
 std::string ZoomPicture::svg(const ZoomJob::Result& result) {
@@ -54,7 +75,7 @@ std::string ZoomPicture::svg(const ZoomJob::Result& result) {
 
   out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
       << "\" font-family=\"sans-serif\" font-size=\"11\">\n";
-  out << "<title>Automatic zoom on " << result.screenFile << "</title>\n";
+  out << "<title>Automatic zoom on " << escaped(result.screenFile) << "</title>\n";
   out << "<rect x=\"" << kMargin << "\" y=\"" << kMargin << "\" width=\"" << frameWidth
       << "\" height=\"" << frameHeight << "\" fill=\"#f4f4f4\" stroke=\"#000\"/>\n";
 

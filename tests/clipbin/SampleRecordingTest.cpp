@@ -73,9 +73,9 @@ TEST_F(SampleRecordingTest, SameBytesEveryRunWhereverWritten) {
   for (const auto& entry : boost::filesystem::directory_iterator(bundle())) {
     names.insert(entry.path().filename().string());
   }
-  EXPECT_EQ(names, (std::set<std::string>{"audiotrack0.wav", "cursoraction.dat",
-                                          "cursorlocation.dat", "dirtyrect.dat", "frontmost.dat",
-                                          "project.xml", "screen.mov"}));
+  EXPECT_EQ(names,
+            (std::set<std::string>{"audiotrack0.wav", "cursoraction.dat", "cursorlocation.dat",
+                                   "dirtyrect.dat", "frontmost.dat", "project.xml", "screen.mov"}));
   for (const std::string& name : names) {
     EXPECT_EQ(bytesOf(file(name)), bytesOf(other() + "/" + name)) << name;
     EXPECT_EQ(boost::filesystem::last_write_time(file(name)),

@@ -63,8 +63,7 @@ TEST_P(VidpakStatsLoaderShapeTest, TracksFollowTheRecordingsTimeline) {
     tracks.push_back(describe(track));
     EXPECT_EQ(track.editRate, KelMediaLib::EditRate(30, 1)) << describe(track);
     EXPECT_EQ(track.range, KelMediaLib::Range<long long>(0, 30)) << describe(track);
-    EXPECT_EQ(leaf(boost::filesystem::path(track.fileName).parent_path().string()),
-              leaf(bundle));
+    EXPECT_EQ(leaf(boost::filesystem::path(track.fileName).parent_path().string()), leaf(bundle));
     if (track.type == MediaFileStats::Audio) {
       EXPECT_EQ(track.sampleRate, KelMediaLib::EditRate(8000, 1));
       EXPECT_EQ(track.numChannels, leaf(track.fileName) == "camera.mov" ? 1 : 2);
@@ -153,8 +152,8 @@ TEST(VidpakStatsLoaderTest, ABundleLoadsAsASource) {
 
   const auto project = OrvMediaLib::OrvProject::create(60, 1);
   // As a user names it on a command line: relative to where they are.
-  const auto load = KelMediaLib::LoadSourceCmd::create(
-      boost::filesystem::relative(bundle).string());
+  const auto load =
+      KelMediaLib::LoadSourceCmd::create(boost::filesystem::relative(bundle).string());
   ASSERT_TRUE(project->execute(load));
   const auto source = load->source();
   ASSERT_EQ(source->media().size(), 2u);

@@ -56,13 +56,13 @@ TEST(DemoTest, SampleZoomAndInfoFromEndToEnd) {
   EXPECT_EQ(zoom.code == orv::kExitOk, zoom.out.find("read back: same\n") != std::string::npos)
       << zoom.out << zoom.err;
   std::smatch match;
-  ASSERT_TRUE(std::regex_search(zoom.out, match, std::regex("zoom actions: (\\d+)\n")))
-      << zoom.out;
+  ASSERT_TRUE(std::regex_search(zoom.out, match, std::regex("zoom actions: (\\d+)\n"))) << zoom.out;
   const int actions = std::stoi(match[1]);
   EXPECT_GE(actions, 1);
   // Each action: its fade of half a second, in order, within the ten seconds.
-  const std::regex line("  (\\d+): (\\d+\\.\\d\\d) s - (\\d+\\.\\d\\d) s  rect \\((-?\\d+),(-?\\d+)\\)-"
-                        "\\((-?\\d+),(-?\\d+)\\)\n");
+  const std::regex line(
+      "  (\\d+): (\\d+\\.\\d\\d) s - (\\d+\\.\\d\\d) s  rect \\((-?\\d+),(-?\\d+)\\)-"
+      "\\((-?\\d+),(-?\\d+)\\)\n");
   double previousEnd = 0;
   int listed = 0;
   for (auto it = std::sregex_iterator(zoom.out.begin(), zoom.out.end(), line);
@@ -80,7 +80,8 @@ TEST(DemoTest, SampleZoomAndInfoFromEndToEnd) {
     previousEnd = end;
   }
   EXPECT_EQ(listed, actions);
-  EXPECT_TRUE(std::regex_search(zoom.out, std::regex("\nundo: (exact|DIFFERS); redo: (exact|DIFFERS)\n")))
+  EXPECT_TRUE(
+      std::regex_search(zoom.out, std::regex("\nundo: (exact|DIFFERS); redo: (exact|DIFFERS)\n")))
       << zoom.out;
 
   // The picture: the frame and the strip, a rectangle and a bar per action.
@@ -139,8 +140,7 @@ TEST(DemoTest, WrongCommandLinesAndFailuresAreReported) {
       {{"zoom", folder, "-o"}, orv::kExitUsage, "usage: orv zoom"},
       {{"zoom", folder, "-o", folder + "/p", "--zoom", "9"}, orv::kExitUsage, "from 1 to 4"},
       {{"zoom", folder, "-o", folder + "/p", "--zoom", "2x"}, orv::kExitUsage, "from 1 to 4"},
-      {{"zoom", folder + "/none.vdpak", "-o", folder + "/p"}, orv::kExitFailure,
-       "orv zoom: "},
+      {{"zoom", folder + "/none.vdpak", "-o", folder + "/p"}, orv::kExitFailure, "orv zoom: "},
       {{"sample", "/proc/no/such/place"}, orv::kExitFailure, "orv sample: "},
   };
   for (const auto& c : cases) {

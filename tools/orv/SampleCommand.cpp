@@ -18,8 +18,7 @@ std::string SampleCommand::usage() const {
          "(project.xml). The same bytes every run.\n";
 }
 
-int SampleCommand::run(const std::vector<std::string>& args, std::ostream& out,
-                       std::ostream& err) {
+int SampleCommand::run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
   if (args.size() != 1 || args[0].empty() || args[0][0] == '-') {
     err << usage();
     return kExitUsage;
@@ -28,9 +27,8 @@ int SampleCommand::run(const std::vector<std::string>& args, std::ostream& out,
     using OrvMediaLib::SampleRecording;
     const std::string bundle = SampleRecording::write(args[0]);
     out << "wrote " << bundle << "\n";
-    out << "  screen.mov       " << SampleRecording::width << 'x' << SampleRecording::height
-        << ", " << SampleRecording::frames << " frames at " << SampleRecording::framesPerSecond
-        << "/1 ("
+    out << "  screen.mov       " << SampleRecording::width << 'x' << SampleRecording::height << ", "
+        << SampleRecording::frames << " frames at " << SampleRecording::framesPerSecond << "/1 ("
         << boost::filesystem::file_size(bundle + "/screen.mov") / 1024 << " KiB)\n"
         << "  audiotrack0.wav  " << SampleRecording::sampleRate / 1000 << " kHz mono 16-bit\n"
         << "  cursorlocation.dat cursoraction.dat frontmost.dat dirtyrect.dat\n"

@@ -17,8 +17,8 @@ bool parseZoom(const std::string& text, double* zoom) {
   std::istringstream in(text);
   in.imbue(std::locale::classic());
   in >> *zoom;
-  return in && in.peek() == std::char_traits<char>::eof() && std::isfinite(*zoom) &&
-         *zoom >= 1.0 && *zoom <= 4.0;
+  return in && in.peek() == std::char_traits<char>::eof() && std::isfinite(*zoom) && *zoom >= 1.0 &&
+         *zoom <= 4.0;
 }
 
 }  // namespace
@@ -37,8 +37,7 @@ std::string ZoomCommand::usage() const {
          "                   strip of the timeline, as an SVG picture\n";
 }
 
-int ZoomCommand::run(const std::vector<std::string>& args, std::ostream& out,
-                     std::ostream& err) {
+int ZoomCommand::run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
   std::string bundle, project, svg;
   OrvMediaLib::ZoomJob::Settings settings;
   for (std::size_t i = 0; i < args.size(); ++i) {

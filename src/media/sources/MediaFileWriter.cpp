@@ -170,8 +170,8 @@ class EncodedVideoFeed : public Feed {
  public:
   EncodedVideoFeed(const Output& out, const MediaFileWriter::Video& spec,
                    MediaFileWriter::DrawFrame draw)
-      : Feed(out.newStream(), av_inv_q(AVRational{spec.frameRate.numerator,
-                                                  spec.frameRate.denominator}),
+      : Feed(out.newStream(),
+             av_inv_q(AVRational{spec.frameRate.numerator, spec.frameRate.denominator}),
              spec.frames),
         draw_(std::move(draw)) {
     const AVCodec* codec = avcodec_find_encoder(AV_CODEC_ID_QTRLE);
@@ -196,8 +196,7 @@ class EncodedVideoFeed : public Feed {
       c.flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
     out.check(avcodec_open2(&c, codec, nullptr), "the encoder refuses the pictures");
-    out.check(avcodec_parameters_from_context(stream_->codecpar, &c),
-              "the encoder's parameters");
+    out.check(avcodec_parameters_from_context(stream_->codecpar, &c), "the encoder's parameters");
     stream_->time_base = unit_;
     stream_->avg_frame_rate = c.framerate;
     stream_->r_frame_rate = c.framerate;
@@ -254,11 +253,11 @@ std::unique_ptr<Feed> rawVideo(const Output& out, const MediaFileWriter::Video& 
   stream->r_frame_rate = rate;
   stream->time_base = av_inv_q(rate);
   const int lineSize = spec.width * 3;
-  return std::unique_ptr<Feed>(new RawFeed(
-      stream, av_inv_q(rate), spec.frames, 1, lineSize * spec.height,
-      [draw, lineSize](long long first, long long, std::uint8_t* data) {
-        draw(first, data, lineSize);
-      }));
+  return std::unique_ptr<Feed>(
+      new RawFeed(stream, av_inv_q(rate), spec.frames, 1, lineSize * spec.height,
+                  [draw, lineSize](long long first, long long, std::uint8_t* data) {
+                    draw(first, data, lineSize);
+                  }));
 }
 
 std::unique_ptr<Feed> video(const Output& out, const MediaFileWriter::Video& spec) {
@@ -303,27 +302,27 @@ std::unique_ptr<Feed> audio(const Output& out, const MediaFileWriter::Audio& spe
       sawtooth(first, count, channels, out);
     };
   }
-  return std::unique_ptr<Feed>(new RawFeed(
-      stream, unit, spec.samples, 1024, 2 * channels,
-      [fill, channels](long long first, long long count, std::uint8_t* data) {
-        // Samples are made in the machine's order and stored little-endian,
-        // as the container wants them.
-        std::vector<std::int16_t> samples(static_cast<std::size_t>(count * channels));
-        fill(first, count, samples.data());
-        for (std::size_t i = 0; i < samples.size(); ++i) {
-          const auto bits = static_cast<std::uint16_t>(samples[i]);
-          data[2 * i] = static_cast<std::uint8_t>(bits & 0xff);
-          data[2 * i + 1] = static_cast<std::uint8_t>(bits >> 8);
-        }
-      }));
+  return std::unique_ptr<Feed>(
+      new RawFeed(stream, unit, spec.samples, 1024, 2 * channels,
+                  [fill, channels](long long first, long long count, std::uint8_t* data) {
+                    // Samples are made in the machine's order and stored little-endian,
+                    // as the container wants them.
+                    std::vector<std::int16_t> samples(static_cast<std::size_t>(count * channels));
+                    fill(first, count, samples.data());
+                    for (std::size_t i = 0; i < samples.size(); ++i) {
+                      const auto bits = static_cast<std::uint16_t>(samples[i]);
+                      data[2 * i] = static_cast<std::uint8_t>(bits & 0xff);
+                      data[2 * i + 1] = static_cast<std::uint8_t>(bits >> 8);
+                    }
+                  }));
 }
 
 // The stream whose next packet starts first; null when all are done.
 Feed* nextFeed(const std::vector<std::unique_ptr<Feed>>& feeds) {
   Feed* next = nullptr;
   for (const auto& feed : feeds) {
-    if (!feed->done() &&
-        (!next || av_compare_ts(feed->written(), feed->unit(), next->written(), next->unit()) < 0)) {
+    if (!feed->done() && (!next || av_compare_ts(feed->written(), feed->unit(), next->written(),
+                                                 next->unit()) < 0)) {
       next = feed.get();
     }
   }

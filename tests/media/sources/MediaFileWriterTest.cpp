@@ -76,20 +76,19 @@ TEST_P(MediaFileWriterCodecTest, PicturesReadBackExactlyAndTheFileIsTheSameEvery
 }
 
 // An odd width gives the encoder's rows padding that the raw rows lack.
-INSTANTIATE_TEST_SUITE_P(Codecs, MediaFileWriterCodecTest,
-                         ::testing::Values(Case{"raw", MediaFileWriter::Codec::Raw, 33, 20},
-                                           Case{"animation", MediaFileWriter::Codec::Animation,
-                                                33, 20}),
-                         [](const ::testing::TestParamInfo<Case>& info) {
-                           return std::string(info.param.name);
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Codecs, MediaFileWriterCodecTest,
+    ::testing::Values(Case{"raw", MediaFileWriter::Codec::Raw, 33, 20},
+                      Case{"animation", MediaFileWriter::Codec::Animation, 33, 20}),
+    [](const ::testing::TestParamInfo<Case>& info) { return std::string(info.param.name); });
 
 TEST(MediaFileWriterTest, SamplesAreStoredAsFilledLittleEndian) {
   const std::string path = testsupport::scratchFolder("media-file-writer") + "/ramp.wav";
-  MediaFileWriter::write(path, {}, {{8000, 1, 4, [](long long first, long long count, int16_t* out) {
-                                       for (long long i = 0; i < count; ++i)
-                                         out[i] = static_cast<int16_t>((-2 + first + i) * 300);
-                                     }}});
+  MediaFileWriter::write(path, {},
+                         {{8000, 1, 4, [](long long first, long long count, int16_t* out) {
+                             for (long long i = 0; i < count; ++i)
+                               out[i] = static_cast<int16_t>((-2 + first + i) * 300);
+                           }}});
   const std::string bytes = bytesOf(path);
   ASSERT_GE(bytes.size(), 8u);
   // -600, -300, 0, 300 at the end of the file.
