@@ -1,4 +1,6 @@
 # Front door of the project. Every target installs what it needs first.
+#   make demo           build the orv tool and show the library at work: a sample screen
+#                       recording, automatic zoom on it, the project file read back
 #   make deps           install the missing Debian packages
 #   make test           build and run the unit tests
 #   make test-sanitize  the same under AddressSanitizer + UndefinedBehaviorSanitizer,
@@ -25,7 +27,7 @@ PACKAGES := g++ make cmake pkg-config \
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps build test test-sanitize test-asan test-tsan soak bench consumer install clean
+.PHONY: all deps build demo test test-sanitize test-asan test-tsan soak bench consumer install clean
 
 all: build
 
@@ -45,6 +47,22 @@ $(BUILD)/CMakeCache.txt: | deps
 
 build: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
+
+# The tool alone is built, so the demo needs no test framework; the three
+# commands then take a few seconds.
+ORV  := $(BUILD)/tools/orv/orv
+DEMO := $(BUILD)/demo
+demo: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS) --target orv
+	rm -rf $(DEMO)
+	$(ORV) sample $(DEMO)
+	@# The file is summarised even when a check of the zoom failed; the
+	@# demo fails with it all the same.
+	@status=0; \
+	  $(ORV) zoom $(DEMO)/sample.vdpak -o $(DEMO)/sample.orvproj --svg $(DEMO)/zoom.svg || status=$$?; \
+	  $(ORV) info $(DEMO)/sample.orvproj || status=$$?; \
+	  echo "Open $(DEMO)/zoom.svg in a browser to see the zooms."; \
+	  exit $$status
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)

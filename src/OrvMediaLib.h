@@ -135,6 +135,7 @@
 #include "media/sources/Clipping.h"
 #include "media/sources/FFmpegStatsLoader.h"
 #include "media/sources/MediaFileStats.h"
+#include "media/sources/MediaFileWriter.h"
 #include "media/sources/Source.h"
 #include "media/sources/SourceBinSentry.h"
 #include "media/sources/StatsLoader.h"
@@ -242,3 +243,17 @@
 #include "zoomdrift/Zoomdrift.h"
 #include "zoomdrift/ZoomdriftCmdUtil.h"
 #include "zoomdrift/ZoomdriftException.h"
+
+// Reading project files
+#include "media/parser/ChangedFileHandler.h"
+#include "media/parser/MissingFileHandler.h"
+#include "media/parser/Parser.h"
+#include "parser/OrvParser.h"
+
+// Recordings
+#include "clipbin/SampleRecording.h"
+#include "clipbin/SourceMediaIndexer.h"
+#include "clipbin/VidpakProjectWriter.h"
+#include "clipbin/VidpakStatsLoader.h"
+#include "clipbin/ZoomJob.h"
+#include "clipbin/ZoomPicture.h"

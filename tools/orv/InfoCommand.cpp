@@ -1,6 +1,7 @@
 #include "InfoCommand.h"
 
 #include "actions/ActionBin.h"
+#include "clipbin/VidpakStatsLoader.h"
 #include "core/ParserException.h"
 #include "core/ReadWriteMutex.h"
 #include "core/XMLable.h"
@@ -151,13 +152,41 @@ class ProgressBar {
   bool drawn_ = false;
 };
 
+// A recording bundle: what its stats say, track by track.
+int printBundle(const std::string& path, std::ostream& out, std::ostream& err) {
+  const auto stats = KelMediaLib::MediaFileStats::create();
+  try {
+    OrvMediaLib::VidpakStatsLoader().loadStats(path, stats.get());
+  } catch (const KelMediaLib::ParserException& exception) {
+    err << "orv info: " << path << ": " << exception.positionText() << '\n';
+    return kExitFailure;
+  } catch (const std::exception& exception) {
+    err << "orv info: " << path << ": " << exception.what() << '\n';
+    return kExitFailure;
+  }
+  out << path << " (recording bundle, " << stats->rect().width << 'x' << stats->rect().height
+      << ")\ntracks:\n";
+  for (const auto& track : stats->trackStats()) {
+    out << "  " << (track.type == KelMediaLib::MediaFileStats::Audio ? "audio " : "video ")
+        << boost::filesystem::path(track.fileName).filename().string() << " "
+        << rangeText(track.range) << " at " << track.editRate.numerator() << '/'
+        << track.editRate.denominator();
+    if (!track.metaDataFiles.empty()) {
+      out << ", " << track.metaDataFiles.size() << " metadata files";
+    }
+    out << '\n';
+  }
+  return kExitOk;
+}
+
 }  // namespace
 
 std::string InfoCommand::usage() const {
   return "usage: orv info [--progress | --no-progress] <file>\n"
          "\n"
          "Loads a project file and prints a summary of it, or the error that\n"
-         "stops the load with its line and column. Sources whose files are\n"
+         "stops the load with its line and column. Of a recording bundle (a folder\n"
+         "with a project.xml) it prints the tracks. Sources whose files are\n"
          "missing are listed as such. Exits with 1 when the file doesn't load.\n"
          "\n"
          "  --progress     show a progress bar on standard error\n"
@@ -186,6 +215,9 @@ int InfoCommand::run(const std::vector<std::string>& args, std::ostream& out, st
   if (path.empty()) {
     err << usage();
     return kExitUsage;
+  }
+  if (OrvMediaLib::VidpakStatsLoader().canOpenFile(path)) {
+    return printBundle(path, out, err);
   }
   if (progress < 0) {
     boost::system::error_code error;

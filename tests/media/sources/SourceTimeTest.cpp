@@ -8,9 +8,9 @@
 #include "media/project/InternalProject.h"
 #include "media/sources/FFmpegStatsLoader.h"
 #include "media/sources/MediaFileStats.h"
+#include "media/sources/MediaFileWriter.h"
 #include "media/sources/Source.h"
 #include "media/sources/StatsLoader.h"
-#include "support/MediaFileWriter.h"
 #include "support/ScratchFolder.h"
 
 #include <boost/filesystem.hpp>
@@ -33,11 +33,10 @@ class SourceTimeTest : public ::testing::Test {
   static void SetUpTestSuite() {
     folder() = testsupport::scratchFolder("source-time-test");
     boost::filesystem::create_directories(folder());
-    using testsupport::MediaFile;
-    writeMediaFile(path("tone44100.wav"), MediaFile{{}, {{44100, 1, 11025}}});
-    writeMediaFile(path("tone48000.wav"), MediaFile{{}, {{48000, 2, 20020}}});
-    writeMediaFile(path("clip25.mov"), MediaFile{{{64, 48, {25, 1}, 10}}, {}});
-    writeMediaFile(path("clip2997.mov"), MediaFile{{{64, 48, {30000, 1001}, 15}}, {}});
+    MediaFileWriter::write(path("tone44100.wav"), {}, {{44100, 1, 11025}});
+    MediaFileWriter::write(path("tone48000.wav"), {}, {{48000, 2, 20020}});
+    MediaFileWriter::write(path("clip25.mov"), {{64, 48, {25, 1}, 10}}, {});
+    MediaFileWriter::write(path("clip2997.mov"), {{64, 48, {30000, 1001}, 15}}, {});
   }
 
   static std::string& folder() {
@@ -198,8 +197,7 @@ std::string keyFrameTimes(const Parameter<T>& parameter) {
 TEST_F(SourceTimeTest, ScreenMetaDataLandsOnTheEditTimesOfItsSeconds) {
   const std::string recording = path("recording");
   boost::filesystem::create_directories(recording);
-  testsupport::writeMediaFile(recording + "/screen.mov",
-                              testsupport::MediaFile{{{64, 48, {30000, 1001}, 60}}, {}});
+  MediaFileWriter::write(recording + "/screen.mov", {{64, 48, {30000, 1001}, 60}}, {});
   // The same times in every file: 0.15 s is a little below 0.15, so 4.5
   // units at 30/1 round down; 0.25 s is exactly 7.5 units and rounds up.
   const double seconds[] = {0, 0.15, 0.25, 0.5, 1.001, 1.5, 2.0};
