@@ -98,7 +98,7 @@ struct PythonOwner {
     py::gil_scoped_acquire gil;
     engine = py::object();
   }
-  PythonOwner(py::object held) : engine(std::move(held)) {}
+  explicit PythonOwner(py::object held) : engine(std::move(held)) {}
   PythonOwner(const PythonOwner& other) {
     py::gil_scoped_acquire gil;
     engine = other.engine;
@@ -175,11 +175,6 @@ py::list zoom(const ProjectPtr& project, const boost::shared_ptr<const KelMediaL
     }
   }
   return added;
-}
-
-template <class Record>
-void setRecords(std::vector<Record>& target, const std::vector<Record>& records) {
-  target = records;
 }
 
 }  // namespace
@@ -259,13 +254,13 @@ void bindZoom(py::module_& m) {
           "(time, event) records, one per button event.")
       .def_property(
           "fore_windows", [](const Params& p) { return toPython(p.foreWindows()); },
-          [](Params& p, const py::iterable& r) { setRecords(p.foreWindows(), timeRects(r)); })
+          [](Params& p, const py::iterable& r) { p.foreWindows() = timeRects(r); })
       .def_property(
           "dirty_rects", [](const Params& p) { return toPython(p.dirtyRects()); },
-          [](Params& p, const py::iterable& r) { setRecords(p.dirtyRects(), timeRects(r)); })
+          [](Params& p, const py::iterable& r) { p.dirtyRects() = timeRects(r); })
       .def_property(
           "recording_regions", [](const Params& p) { return toPython(p.recordingRegions()); },
-          [](Params& p, const py::iterable& r) { setRecords(p.recordingRegions(), timeRects(r)); });
+          [](Params& p, const py::iterable& r) { p.recordingRegions() = timeRects(r); });
 
   py::class_<Zoomdrift, PythonEngine, boost::shared_ptr<Zoomdrift>>(
       m, "Zoomdrift",
