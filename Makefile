@@ -11,6 +11,8 @@
 #   make consumer       install into a staging tree and build tests/consumer against it,
 #                       once through CMake and once through pkg-config
 #   make install        install into PREFIX (default /usr/local)
+#   make bench-python   the cost of a call from Python: key frames added from C++
+#                       and from the Python module
 
 JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD     ?= build
@@ -23,7 +25,8 @@ CMAKE_ARGS ?=
 PACKAGES := g++ make cmake pkg-config \
 	libboost-dev libboost-filesystem-dev libboost-date-time-dev \
 	libexpat1-dev libavformat-dev libavcodec-dev libavutil-dev \
-	libgtest-dev libgmock-dev libbenchmark-dev
+	libgtest-dev libgmock-dev libbenchmark-dev \
+	pybind11-dev python3-dev python3-pytest
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
@@ -100,6 +103,13 @@ soak: deps
 bench: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS) --target benchmarks
 	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b --benchmark_min_time=0.2 || exit 1; done
+
+# The Python module is built for the system's interpreter, not the first on PATH.
+bench-python: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS) --target orvmedialib_python keyframes_from_cpp_bench
+	$(BUILD)/bench/keyframes_from_cpp_bench --benchmark_min_time=0.5
+	PYTHONPATH=$(abspath $(BUILD))/python /usr/bin/python3 bench/keyframes_from_python.py
+.PHONY: bench-python
 
 consumer: build
 	cmake --install $(BUILD) --prefix $(abspath $(STAGE))
