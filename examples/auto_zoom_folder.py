@@ -1,12 +1,14 @@
 #!/usr/bin/python3
 """Batch job: automatic zoom for every screen recording in a folder.
 
-A recording is a folder holding one video file and the metadata files that the
-recorder wrote beside it (front windows, cursor locations, cursor actions,
-changed rectangles; any of them may be missing). For each one this script
-makes a project on the recording's size, puts the recording on a track, lets
-the reference engine (or --engine follow settings) zoom it, and saves the
-project file into the recording's folder.
+A recording is either a recording bundle (a folder holding a "project.xml",
+such as the one `orv sample` or `orvmedialib.sample` writes), or a plain folder
+holding one video file and the metadata files that the recorder wrote beside
+it (front windows, cursor locations, cursor actions, changed rectangles; any
+of them may be missing). For each one this script makes a project on the
+recording's size, puts the recording on a track, lets the reference engine
+zoom it, and saves the project file: beside a bundle as NAME.orvproj, into a
+plain folder as zoomed.xml.
 
     PYTHONPATH=build/python python3 examples/auto_zoom_folder.py RECORDINGS [--zoom 2]
 """
@@ -24,8 +26,12 @@ RATE = 30
 
 
 def recordings(folder):
-    """The recording folders under `folder`, each with its video, by name."""
+    """The recordings under `folder` by name: (folder, video), the video None
+    for a bundle."""
     for candidate in sorted(p for p in pathlib.Path(folder).iterdir() if p.is_dir()):
+        if (candidate / "project.xml").exists():
+            yield candidate, None
+            continue
         videos = sorted(p for p in candidate.iterdir() if p.suffix.lower() in VIDEO_SUFFIXES)
         if len(videos) == 1:
             yield candidate, videos[0]
@@ -33,14 +39,21 @@ def recordings(folder):
 
 def zoom_recording(folder, video, engine, output_name):
     project = orvmedialib.Project.create(RATE)
-    source = project.load_source(video)
-    recording = source.media[0].clone()
+    # A bundle is a source like a video file; its screen comes with its metadata.
+    source = project.load_source(folder if video is None else video)
+    screens = [m for m in source.media if m.kind == "VMFile"]
+    if not screens:
+        raise orvmedialib.MediaError("no screen video")
+    recording = screens[0].clone()
     project.new_visual_mixer(recording.width, recording.height)
     project.new_visual_track().add(recording, 0)
-    files = {key: name for key, name in METADATA.items() if (folder / name).exists()}
-    recording.set_screen_metadata(**files)
+    if video is None:
+        output = folder.with_suffix(".orvproj")
+    else:
+        files = {key: name for key, name in METADATA.items() if (folder / name).exists()}
+        recording.set_screen_metadata(**files)
+        output = folder / output_name
     actions = project.auto_zoom(recording, engine)
-    output = folder / output_name
     project.save(output)
     return len(actions), output
 
@@ -49,7 +62,8 @@ def main(argv=None):
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("folder", help="the folder of recording folders")
     parser.add_argument("--zoom", type=float, default=2.0, help="how much a zoom enlarges")
-    parser.add_argument("--output", default="zoomed.xml", help="project file name")
+    parser.add_argument("--output", default="zoomed.xml",
+                        help="project file name in a plain recording folder")
     args = parser.parse_args(argv)
 
     engine = orvmedialib.FollowEngine(zoom=args.zoom)

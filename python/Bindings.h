@@ -104,6 +104,10 @@ ActionView addAction(const ProjectPtr& project, const MediaView& media, long lon
                      long long duration, const py::iterable& ranges, bool edge,
                      const py::object& bin);
 
+/// Reads a project file; the handlers are Python callables or None.
+ProjectView loadProject(const py::object& path, const py::object& onMissing,
+                        const py::object& onChanged);
+
 /// The class of `orvmedialib.ZoomError`.
 py::handle zoomErrorType();
 
@@ -113,5 +117,6 @@ void bindTimeline(py::module_& m);
 void bindParameters(py::module_& m);
 void bindActions(py::module_& m);
 void bindZoom(py::module_& m);
+void bindJobs(py::module_& m);
 
 }  // namespace orvpython

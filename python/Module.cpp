@@ -11,4 +11,5 @@ PYBIND11_MODULE(orvmedialib, m) {
   // Last: automatic zoom adds methods to the classes of the project and media.
   orvpython::bindProject(m);
   orvpython::bindZoom(m);
+  orvpython::bindJobs(m);
 }

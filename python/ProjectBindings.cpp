@@ -143,6 +143,14 @@ void bindProject(py::module_& m) {
           },
           py::arg("rate"), py::arg("denominator") = 1,
           "A new, empty project at `rate`/`denominator` edit units a second.")
+      .def_static("load", &loadProject, py::arg("path"), py::arg("on_missing") = py::none(),
+                  py::arg("on_changed") = py::none(),
+                  "Reads a project file. `on_missing(path)` answers where a missing source "
+                  "went (None: it is left out, and the load fails if a media shows it); "
+                  "`on_changed(path)` whether a "
+                  "source that changed since the file was written may be used as it is. "
+                  "Without them, a missing or changed source fails the load. Loading isn't "
+                  "an edit: the project's history is empty.")
       .def_property_readonly("edit_rate",
                              [](const ProjectView& v) { return fraction(v.project->editRate()); })
       // The history.

@@ -36,3 +36,13 @@ def test_a_broken_recording_is_reported_and_the_others_done(tmp_path):
     assert done.stderr.startswith("broken: ") and "locations.dat" in done.stderr
     assert (tmp_path / "good" / "zoomed.xml").exists()
     assert not (tmp_path / "broken" / "zoomed.xml").exists()
+
+
+def test_the_sample_bundle_gets_a_project_beside_it(tmp_path):
+    import orvmedialib
+    orvmedialib.sample(tmp_path)
+    done = run_script(tmp_path)
+    assert done.returncode == 0, done.stderr
+    assert done.stdout.startswith("sample.vdpak: ")
+    project = orvmedialib.Project.load(tmp_path / "sample.orvproj")
+    assert len(project.zoom_action_bin) == int(done.stdout.split(": ")[1].split()[0]) > 0

@@ -45,11 +45,8 @@ EDITS = {
     "action moved and trimmed": lambda p, m: (p.add_action(m, 30, 60, [("opacity", 0.0)]),
                                               p.action_bin.actions_of(m)[0].move(20),
                                               p.action_bin.actions_of(m)[0].trim_end(10)),
-    "zoom action": pytest.param(
-        lambda p, m: p.add_action(m, 30, 60, [("scale0", 2.0, "pure_scale"),
+    "zoom action": lambda p, m: p.add_action(m, 30, 60, [("scale0", 2.0, "pure_scale"),
                                               ("translation0", 10.0, "translate")]),
-        marks=pytest.mark.xfail(reason="undo leaves the interpolater that the first action "
-                                       "gave the companion parameter at 0")),
     "media moved": lambda p, m: m.move(50),
     "media removed": lambda p, m: m.remove(),
     "text box added": lambda p, m: p.tracks[0].add(p.text_box("Two", 50, 10, 10), 400),

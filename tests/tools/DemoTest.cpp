@@ -104,10 +104,7 @@ TEST(DemoTest, SampleZoomAndInfoFromEndToEnd) {
       << bundleInfo.out;
 }
 
-// The project's file writes its action bins with idents of their own, apart
-// from the media's, and leaves the zoom actions out: enable once the action
-// part names the media by the idents of the media part.
-TEST(DemoTest, DISABLED_TheFileKeepsTheZoomActions) {
+TEST(DemoTest, TheFileKeepsTheZoomActions) {
   const std::string demo = testsupport::scratchFolder("demo-file");
   ASSERT_EQ(orvRun({"sample", demo}).code, orv::kExitOk);
   const OrvRun zoom = orvRun({"zoom", demo + "/sample.vdpak", "-o", demo + "/p.orvproj"});
@@ -117,9 +114,7 @@ TEST(DemoTest, DISABLED_TheFileKeepsTheZoomActions) {
   EXPECT_NE(info.out.find("zdActionBin 4"), std::string::npos) << info.out;
 }
 
-// Undo of the zoom leaves the interpolaters that the actions brought on the
-// parameters: enable once undo restores them exactly.
-TEST(DemoTest, DISABLED_UndoAndRedoOfTheZoomAreExact) {
+TEST(DemoTest, UndoAndRedoOfTheZoomAreExact) {
   const std::string demo = testsupport::scratchFolder("demo-undo");
   ASSERT_EQ(orvRun({"sample", demo}).code, orv::kExitOk);
   const OrvRun zoom = orvRun({"zoom", demo + "/sample.vdpak", "-o", demo + "/p.orvproj"});

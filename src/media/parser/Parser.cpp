@@ -149,7 +149,7 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
 boost::shared_ptr<Project> Parser::parseProject(std::string path) {
   std::ifstream in(path, std::ios::in | std::ios::binary);
   if (!in) {
-    throw KelMediaLibException("IOException: unable to open file \"" + path + "\".");
+    throw IOException("unable to open file \"" + path + "\".");
   }
   boost::shared_ptr<Project> project = parseProject(in);
   in.close();

@@ -54,8 +54,8 @@ class Parser : public KelObject, public MissingFileHandler, public ChangedFileHa
 
   /// Reads the document from the stream and returns the project it built.
   boost::shared_ptr<Project> parseProject(std::istream& in);
-  /// Reads the file at `path`; a file that won't open is a
-  /// `KelMediaLibException` "IOException: unable to open file "<path>".".
+  /// Reads the file at `path`; a file that won't open is an `IOException`
+  /// "IOException: unable to open file "<path>".".
   boost::shared_ptr<Project> parseProject(std::string path);
 
   std::string handleMissingFile(const std::string& path) override;

@@ -7,11 +7,29 @@
 #include "media/project/Project.h"
 #include "values/SetAttributeValueCmd.h"
 
+#include <boost/filesystem.hpp>
 #include <boost/make_shared.hpp>
 
 #include <cstring>
 
 namespace KelMediaLib {
+
+namespace {
+
+// A recording's metadata files lie beside its video. When the recording has
+// moved (the missing-file handler answered where), the written paths name
+// the old place: a file gone from there is looked for beside the video.
+std::string besideTheVideo(const std::string& written, const VMFile& media) {
+  namespace fs = boost::filesystem;
+  boost::system::error_code error;
+  if (fs::exists(written, error)) {
+    return written;
+  }
+  const fs::path beside = fs::path(media.fileName()).parent_path() / fs::path(written).filename();
+  return fs::exists(beside, error) ? beside.string() : written;
+}
+
+}  // namespace
 
 ScreenMetaDataState::ScreenMetaDataState(Parser* parser, boost::shared_ptr<Project> project,
                                          boost::shared_ptr<const VMFile> media)
@@ -27,7 +45,7 @@ ParserState* ScreenMetaDataState::startElement(const char* name, const char** at
   AttributeMap map;
   genMap("ParameterFile State", "filename paramName", "", atts, map);
   const std::string& paramName = map["paramName"];
-  const std::string& fileName = map["filename"];
+  const std::string fileName = besideTheVideo(map["filename"], *media_);
   if (paramName == "topmostWindowCoordinates") {
     metaData_->setFrontWindowFile(fileName);
   } else if (paramName == "cursorLocation") {
