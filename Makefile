@@ -30,7 +30,7 @@ PACKAGES := g++ make cmake pkg-config \
 
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps build demo test test-sanitize test-asan test-tsan soak bench consumer install clean
+.PHONY: all deps build demo test test-sanitize test-asan test-tsan soak bench bench-python consumer install clean
 
 all: build
 
@@ -109,7 +109,6 @@ bench-python: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS) --target orvmedialib_python keyframes_from_cpp_bench
 	$(BUILD)/bench/keyframes_from_cpp_bench --benchmark_min_time=0.5
 	PYTHONPATH=$(abspath $(BUILD))/python /usr/bin/python3 bench/keyframes_from_python.py
-.PHONY: bench-python
 
 consumer: build
 	cmake --install $(BUILD) --prefix $(abspath $(STAGE))
