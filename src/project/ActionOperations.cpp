@@ -11,6 +11,7 @@
 #include "values/Parameter.h"
 #include "values/ParameterInterface.h"
 
+#include <array>
 #include <string>
 
 // The rules that keep actions and the key frames of their parameters in
@@ -121,6 +122,44 @@ void throwIfCollisions(const ActionBin& bin, const Action& action, long long del
   }
 }
 
+// Ranges on one parameter stay apart, whichever bins hold their actions: the
+// parameter keeps one key frame per time, so a range that reached onto
+// another's would take that range's key frame from it. Whether a range of
+// `self` on `parameter` over [left, right] would meet a range of another
+// action of the media, in any bin but `skip`.
+bool meetsAnotherRange(const std::array<const ActionBin*, 3>& bins, const Media* media,
+                       const Action* self, const ParameterInterface* parameter, long long left,
+                       long long right, const ActionBin* skip = nullptr) {
+  for (const ActionBin* bin : bins) {
+    if (bin == skip) continue;
+    const boost::shared_ptr<ActionList> actions = bin->mediasActions(media);
+    for (const boost::shared_ptr<const Action>& other : *actions) {
+      if (other.get() == self) continue;
+      const boost::shared_ptr<ParameterRangeList> ranges = other->parameterRanges();
+      for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+        if (range->parameter().get() == parameter && range->leftTime() <= right &&
+            left <= range->rightTime()) {
+          return true;
+        }
+      }
+    }
+  }
+  return false;
+}
+
+// A lengthening trim reaches toward the action's neighbours in its bin, and a
+// neighbour that animates other parameters has no key frame in its way.
+void throwIfTrimCollides(const ActionBin* bin, const Action& action,
+                         const Range<long long>& trimmed) {
+  if (!bin) return;
+  const boost::shared_ptr<ActionList> others = bin->mediasActions(mediaOf(action));
+  for (const boost::shared_ptr<const Action>& other : *others) {
+    if (other.get() != &action && actionsOverlap(trimmed, other->timeRange())) {
+      throw OrvException("Action collision when trimming");
+    }
+  }
+}
+
 void moveKeyframeBy(Parameter<double>& parameter, const KeyFramePtr& keyframe, long long delta) {
   const long long time = keyframe->time();
   if (time + delta != time) {
@@ -176,7 +215,9 @@ boost::shared_ptr<Action> InternalOrvProject::addAction(boost::shared_ptr<const 
   return action;
 }
 
-// The bin goes first, so that a collision leaves the parameters untouched.
+// Other bins are asked first and the target bin next (its own collision
+// test keeps its actions apart), so that a collision leaves the parameters
+// untouched.
 void InternalOrvProject::addAction(boost::shared_ptr<const ActionBin> bin,
                                    boost::shared_ptr<const Action> action) {
   require(action, "addAction", "action");
@@ -185,8 +226,15 @@ void InternalOrvProject::addAction(boost::shared_ptr<const ActionBin> bin,
   if (!target) {
     throw OrvException("Invalid actionBin!");
   }
-  target->addAction(media, action);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    if (meetsAnotherRange(bins(), media.get(), action.get(), range->parameter().get(),
+                          range->leftTime(), range->rightTime(), target.get())) {
+      throw OrvException("Action collision: another action animates " + range->parameter()->name() +
+                         " over its time");
+    }
+  }
+  target->addAction(media, action);
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
     putRangesKeyframes(*range);
   }
@@ -206,6 +254,12 @@ void InternalOrvProject::moveAction(boost::shared_ptr<const Action> action, long
   addTime(now.end(), delta);
   throwIfCollisions(*bin, *action, delta);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    if (meetsAnotherRange(bins(), mediaOf(*action).get(), action.get(), range->parameter().get(),
+                          range->leftTime() + delta, range->rightTime() + delta)) {
+      throw OrvException("Action collision when moving");
+    }
+  }
   if (ranges->empty()) {
     Range<long long> moved = action->timeRange();
     moved.start += delta;
@@ -238,6 +292,11 @@ void InternalOrvProject::addParameterRange(boost::shared_ptr<const Action> actio
     throw OrvException(
         "Can't add parameter range because there's already a parameter range for the specified "
         "parameter");
+  }
+  if (meetsAnotherRange(bins(), mediaOf(*action).get(), action.get(), range->parameter().get(),
+                        range->leftTime(), range->rightTime())) {
+    throw OrvException("Can't add parameter range because another action animates " +
+                       range->parameter()->name() + " over its time");
   }
   putRangesKeyframes(*range);
   writable(*action).addParameterRange(*range);
@@ -288,11 +347,12 @@ boost::shared_ptr<ActionBin> InternalOrvProject::removeAction(
   return bin;
 }
 
-// A trim looks for no bin and tests no collision of its own: the
-// past-neighbour test and the bin's enforcer, told of each key frame move,
-// stop it. A trim onto the very time of the range's other key frame passes
-// the test, but the parameter keeps one key frame per time and refuses the
-// move with its `KelMediaLibException`, so no range of duration 0 arises.
+// A trim tests the action's new stretch against its neighbours in the bin;
+// the past-neighbour test and the bin's enforcer, told of each key frame
+// move, stop the rest. A trim onto the very time of the range's other key
+// frame passes the test, but the parameter keeps one key frame per time and
+// refuses the move with its `KelMediaLibException`, so no range of duration 0
+// arises.
 void InternalOrvProject::trimActionEnd(boost::shared_ptr<const Action> action, long long delta) {
   require(action, "trimActionEnd", "action");
   if (delta == 0) {
@@ -302,18 +362,22 @@ void InternalOrvProject::trimActionEnd(boost::shared_ptr<const Action> action, l
   // The new end and the new duration must both be representable.
   const long long end = subtractTime(now.end(), delta);
   subtractTime(end, now.start);
+  const Range<long long> trimmed(now.start, end - now.start);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   if (ranges->empty()) {
     throwIfNoLength(now.start, end);
-    writable(*action).setTimeRange(Range<long long>(now.start, end - now.start));
+    throwIfTrimCollides(actionBinForAction(action).get(), *action, trimmed);
+    writable(*action).setTimeRange(trimmed);
     return;
   }
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
-    const boost::shared_ptr<Parameter<double>> parameter = writableParameter(*range);
     const long long oldTime = range->rightKeyframe()->time();
-    const long long newTime = oldTime - delta;
-    throwIfMovingPastActions(*parameter, oldTime, newTime);
-    parameter->moveKeyFrame(oldTime, newTime);
+    throwIfMovingPastActions(*range->parameter(), oldTime, oldTime - delta);
+  }
+  throwIfTrimCollides(actionBinForAction(action).get(), *action, trimmed);
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    const long long oldTime = range->rightKeyframe()->time();
+    writableParameter(*range)->moveKeyFrame(oldTime, oldTime - delta);
   }
 }
 
@@ -325,19 +389,27 @@ void InternalOrvProject::trimActionStart(boost::shared_ptr<const Action> action,
   const Range<long long> now = action->timeRange();
   const long long start = addTime(now.start, delta);
   subtractTime(now.end(), start);
+  const Range<long long> trimmed(start, now.end() - start);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   if (ranges->empty()) {
     throwIfNoLength(start, now.end());
-    writable(*action).setTimeRange(Range<long long>(start, now.end() - start));
+    throwIfTrimCollides(actionBinForAction(action).get(), *action, trimmed);
+    writable(*action).setTimeRange(trimmed);
     return;
   }
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
-    const boost::shared_ptr<Parameter<double>> parameter = writableParameter(*range);
     const long long oldTime = range->leftKeyframe()->time();
-    const long long newTime = oldTime + delta;
-    throwIfMovingPastActions(*parameter, oldTime, newTime);
-    parameter->moveKeyFrame(oldTime, newTime);
+    throwIfMovingPastActions(*range->parameter(), oldTime, oldTime + delta);
   }
+  throwIfTrimCollides(actionBinForAction(action).get(), *action, trimmed);
+  for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    const long long oldTime = range->leftKeyframe()->time();
+    writableParameter(*range)->moveKeyFrame(oldTime, oldTime + delta);
+  }
+}
+
+std::array<const ActionBin*, 3> InternalOrvProject::bins() const {
+  return {actionBin_.get(), zdActionBin_.get(), audioActionBin_.get()};
 }
 
 boost::shared_ptr<ActionBin> InternalOrvProject::actionBinForAction(

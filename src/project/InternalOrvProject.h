@@ -6,6 +6,8 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <array>
+
 #include <memory>
 #include <string>
 
@@ -211,6 +213,8 @@ class InternalOrvProject : public OrvProject,
 
   /// This project's bin at that address; null for any other.
   boost::shared_ptr<ActionBin> ownBin(const boost::shared_ptr<const ActionBin>& bin) const;
+  /// The three action bins.
+  std::array<const ActionBin*, 3> bins() const;
   /// Moves the media's actions in `bin`, if it has any, to the graveyard.
   void removeMediasActions(const boost::shared_ptr<ActionBin>& bin,
                            const boost::shared_ptr<const KelMediaLib::Media>& media);

@@ -28,11 +28,11 @@ T mix(const T& left, const T& right, double w) {
   return leftPart + rightPart;
 }
 
+// A function-local static is made once even when threads ask at the same
+// time (the compiler guards it), and every caller gets that one object.
 template <class Shared>
-boost::shared_ptr<Shared> sharedInstance(boost::shared_ptr<Shared>& instance) {
-  if (!instance) {
-    instance.reset(new Shared());
-  }
+boost::shared_ptr<Shared> sharedInstance() {
+  static const boost::shared_ptr<Shared> instance(new Shared());
   return instance;
 }
 
@@ -62,22 +62,11 @@ boost::shared_ptr<Interpolater<T>> interpolaterNamed(const std::string& word) {
 }  // namespace
 
 template <class T>
-boost::shared_ptr<LinearInterpolater<T>> LinearInterpolater<T>::s_instance;
-template <class T>
-boost::shared_ptr<LeftInterpolater<T>> LeftInterpolater<T>::s_instance;
-template <class T>
-boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>>
-    EaseInOutSinusoidalInterpolater<T>::s_instance;
-template <class T>
-boost::shared_ptr<EaseInOutDoubleExponentialSigmoidInterpolater<T>>
-    EaseInOutDoubleExponentialSigmoidInterpolater<T>::s_instance;
-
-template <class T>
 LinearInterpolater<T>::LinearInterpolater() : Interpolater<T>("linr") {}
 
 template <class T>
 boost::shared_ptr<LinearInterpolater<T>> LinearInterpolater<T>::getInstance() {
-  return sharedInstance(s_instance);
+  return sharedInstance<LinearInterpolater<T>>();
 }
 
 template <class T>
@@ -90,7 +79,7 @@ LeftInterpolater<T>::LeftInterpolater() : Interpolater<T>("left") {}
 
 template <class T>
 boost::shared_ptr<LeftInterpolater<T>> LeftInterpolater<T>::getInstance() {
-  return sharedInstance(s_instance);
+  return sharedInstance<LeftInterpolater<T>>();
 }
 
 template <class T>
@@ -120,7 +109,7 @@ EaseInOutSinusoidalInterpolater<T>::EaseInOutSinusoidalInterpolater() : Interpol
 template <class T>
 boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>>
 EaseInOutSinusoidalInterpolater<T>::getInstance() {
-  return sharedInstance(s_instance);
+  return sharedInstance<EaseInOutSinusoidalInterpolater<T>>();
 }
 
 template <class T>
@@ -135,7 +124,7 @@ EaseInOutDoubleExponentialSigmoidInterpolater<T>::EaseInOutDoubleExponentialSigm
 template <class T>
 boost::shared_ptr<EaseInOutDoubleExponentialSigmoidInterpolater<T>>
 EaseInOutDoubleExponentialSigmoidInterpolater<T>::getInstance() {
-  return sharedInstance(s_instance);
+  return sharedInstance<EaseInOutDoubleExponentialSigmoidInterpolater<T>>();
 }
 
 template <class T>

@@ -39,11 +39,9 @@ template <class T>
 class LinearInterpolater : public Interpolater<T> {
  public:
   LinearInterpolater();
-  /// The shared instance, made on first use (without a lock).
+  /// The shared instance, made on first use; safe from any thread.
   static boost::shared_ptr<LinearInterpolater<T>> getInstance();
   T interpolate(T left, T right, double fraction) override;
-
-  static boost::shared_ptr<LinearInterpolater<T>> s_instance;
 };
 
 /// Holds the left value over the whole stretch. One shared instance per type.
@@ -51,11 +49,9 @@ template <class T>
 class LeftInterpolater : public Interpolater<T> {
  public:
   LeftInterpolater();
-  /// The shared instance, made on first use (without a lock).
+  /// The shared instance, made on first use; safe from any thread.
   static boost::shared_ptr<LeftInterpolater<T>> getInstance();
   T interpolate(T left, T right, double fraction) override;
-
-  static boost::shared_ptr<LeftInterpolater<T>> s_instance;
 };
 
 /// weight = fraction ^ exponent, exponent 2: starts slowly. A new object per
@@ -85,11 +81,9 @@ template <class T>
 class EaseInOutSinusoidalInterpolater : public Interpolater<T> {
  public:
   EaseInOutSinusoidalInterpolater();
-  /// The shared instance, made on first use (without a lock).
+  /// The shared instance, made on first use; safe from any thread.
   static boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>> getInstance();
   T interpolate(T left, T right, double fraction) override;
-
-  static boost::shared_ptr<EaseInOutSinusoidalInterpolater<T>> s_instance;
 };
 
 /// Two parabolas meeting at (0.5, 0.5): slow at both ends. One shared
@@ -98,11 +92,9 @@ template <class T>
 class EaseInOutDoubleExponentialSigmoidInterpolater : public Interpolater<T> {
  public:
   EaseInOutDoubleExponentialSigmoidInterpolater();
-  /// The shared instance, made on first use (without a lock).
+  /// The shared instance, made on first use; safe from any thread.
   static boost::shared_ptr<EaseInOutDoubleExponentialSigmoidInterpolater<T>> getInstance();
   T interpolate(T left, T right, double fraction) override;
-
-  static boost::shared_ptr<EaseInOutDoubleExponentialSigmoidInterpolater<T>> s_instance;
 };
 
 /// Reads one whitespace-delimited word and stores the interpolater of that

@@ -81,6 +81,13 @@ struct Scene {
   }
 };
 
+boost::shared_ptr<CenterAction> scaled(const boost::shared_ptr<const Media>& box, long long left,
+                                       long long right) {
+  const auto action = boost::make_shared<CenterAction>(box);
+  action->addParameterRange(*rangeOn(box, left, right, "scale0"));
+  return action;
+}
+
 // Each operation gives its message (none: it succeeds) and leaves the
 // opacity's key frames at these times.
 TEST_F(ProjectFixture, OperationsGiveTheirMessagesAndLeaveTheirStates) {
@@ -117,6 +124,42 @@ TEST_F(ProjectFixture, OperationsGiveTheirMessagesAndLeaveTheirStates) {
          EXPECT_EQ((Times{100, 200}), timesOf(*s.box, "scale0"));
        },
        "", resting},
+      // Ranges on one parameter stay apart across bins: the key frame of the
+      // one added would take the other's place.
+      {[](const Scene& s) {
+         s.p.addAction(s.p.zdActionBin(), scaled(s.box, 150, 180));
+         s.p.addParameterRange(s.a, rangeOn(s.box, 100, 200, "scale0"));
+       },
+       "Can't add parameter range because another action animates scale0 over its time", resting},
+      {[](const Scene& s) {
+         s.p.addAction(s.p.zdActionBin(), scaled(s.box, 200, 250));
+         s.p.addParameterRange(s.a, rangeOn(s.box, 100, 200, "scale0"));
+       },
+       "Can't add parameter range because another action animates scale0 over its time", resting},
+      // The same for whole actions added or moved onto another bin's range.
+      {[](const Scene& s) {
+         s.p.addAction(s.p.zdActionBin(), scaled(s.box, 210, 230));
+         s.p.addAction(s.p.actionBin(), scaled(s.box, 230, 240));
+       },
+       "Action collision: another action animates scale0 over its time", resting},
+      {[](const Scene& s) {
+         s.p.addAction(s.p.zdActionBin(), scaled(s.box, 210, 230));
+         const auto mine = scaled(s.box, 250, 270);
+         s.p.addAction(s.p.actionBin(), mine);
+         s.p.moveAction(mine, -30);
+       },
+       "Action collision when moving", resting},
+      // A trim that lengthens onto a neighbour animating another parameter.
+      {[](const Scene& s) {
+         s.p.addAction(s.p.actionBin(), scaled(s.box, 230, 260));
+         s.p.trimActionEnd(s.a, -40);
+       },
+       "Action collision when trimming", resting},
+      {[](const Scene& s) {
+         s.p.addAction(s.p.actionBin(), scaled(s.box, 230, 260));
+         s.p.trimActionStart(s.b, -50);
+       },
+       "Action collision when trimming", resting},
       {[](const Scene& s) { s.p.mergeParameterRange(s.a, rangeOn(s.box, 100, 200)); },
        "Can't merge parameter ranges yet!", resting},
       {[](const Scene& s) { s.p.removeParameterRange(s.a, s.box->opacity(), R(100, 50)); },

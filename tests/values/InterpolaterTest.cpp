@@ -9,6 +9,8 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <thread>
+#include <vector>
 
 using namespace KelMediaLib;
 
@@ -90,7 +92,6 @@ TEST(InterpolaterTest, SharedAndFreshInstances) {
   EXPECT_NE(named("esIn").get(), named("esIn").get());
   EXPECT_NE(named("esOt").get(), named("esOt").get());
   EXPECT_EQ(named("linr").get(), LinearInterpolater<double>::getInstance().get());
-  EXPECT_EQ(LinearInterpolater<double>::s_instance.get(), named("linr").get());
   // Each value type has its own singleton.
   const boost::shared_ptr<Interpolater<float>> floatLinear =
       boost::lexical_cast<boost::shared_ptr<Interpolater<float>>>("linr");
@@ -123,3 +124,19 @@ TEST(InterpolaterTest, UnknownNamesThrow) {
 }
 
 }  // namespace
+
+// The shared instances are made on first use; threads that ask first at the
+// same time (a render thread and the editing one) must get the one object.
+// Each ctest test is a process of its own, so the instances are fresh here.
+TEST(InterpolaterConcurrency, ThreadsAskingFirstShareOneInstance) {
+  const char* const names[] = {"linr", "left", "eios", "eioe"};
+  std::vector<std::vector<const void*>> seen(4);
+  std::vector<std::thread> threads;
+  for (auto& mine : seen) {
+    threads.emplace_back([&mine, &names] {
+      for (const char* name : names) mine.push_back(named(name).get());
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  for (const auto& mine : seen) EXPECT_EQ(mine, seen[0]);
+}

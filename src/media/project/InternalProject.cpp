@@ -10,6 +10,7 @@
 #include "media/edges/EdgeModification.h"
 #include "media/effects/Effect.h"
 #include "media/effects/Effectable.h"
+#include "media/media/FileRepresentation.h"
 #include "media/media/Media.h"
 #include "media/project/ClipBoard.h"
 #include "media/project/CommandObserver.h"
@@ -702,8 +703,19 @@ void InternalProject::loadSource(boost::shared_ptr<const Source> source) {
 }
 
 void InternalProject::unloadSource(boost::shared_ptr<const Source> source) {
-  EditJournal::noteUnjournaledEdit();
   require(source, "unloadSource", "source");
+  // A media on the timeline that shows the source would be left showing
+  // nothing: the project could no longer be written.
+  int showing = 0;
+  for (const boost::shared_ptr<const Media>& media : timeline_->allMedias()) {
+    const auto* file = dynamic_cast<const FileRepresentation*>(media.get());
+    if (file && file->source() == source) ++showing;
+  }
+  if (showing > 0) {
+    throw KelMediaLibException("can't unload the source \"" + source->mediaFileStats()->filename() +
+                               "\": " + std::to_string(showing) + " media on the timeline show it");
+  }
+  EditJournal::noteUnjournaledEdit();
   sourceBin_->removeSource(source.get());
 }
 

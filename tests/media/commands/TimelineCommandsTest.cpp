@@ -74,6 +74,13 @@ std::string stillPicture() {
   return ORV_TEST_DATA_DIR "/still.png";
 }
 
+// A still loaded for a case, with no media showing it.
+boost::shared_ptr<const Source> unusedSource(CommandTest& t) {
+  const auto load = LoadSourceCmd::create(stillPicture());
+  t.project->execute(load);
+  return load->source();
+}
+
 // A named case whose command the expression makes from the test `t`.
 // clang-format off
 #define CASE(name, ...) \
@@ -113,7 +120,7 @@ const std::vector<Case>& commandCases() {
       CASE(SwapTracks, SwapTracksCmd::create(t.project->visualMixer(), t.video, t.images)),
       CASE(MoveKeyFrame, MoveParameterKeyFrameCmd::create(t.first, t.first->opacity(), 200, 230)),
       CASE(LoadSource, LoadSourceCmd::create(stillPicture())),
-      CASE(UnloadSource, UnloadSourceCmd::create(t.source)),
+      CASE(UnloadUnusedSource, UnloadSourceCmd::create(unusedSource(t))),
       CASE(AddLeftEdgeMod, AddLeftEdgeModCmd::create(
                                t.second, EdgeModification(t.second->opacity(), FadeInFunc()))),
       CASE(AddRightEdgeMod,
@@ -129,12 +136,14 @@ const std::vector<Case>& commandCases() {
 
 class EveryCommand : public CommandTest, public ::testing::WithParamInterface<Case> {};
 
-// Each command changes the model; undo gives back exactly the model from
-// before, redo exactly the model from after, as often as it is asked.
+// Each command (made first: a case may prepare the model) changes the model;
+// undo gives back exactly the model from before, redo exactly the model from
+// after, as often as it is asked.
 TEST_P(EveryCommand, UndoAndRedoRestoreTheModelExactly) {
+  const boost::shared_ptr<Command> command = GetParam().make(*this);
   const std::string before = snapshot();
   const unsigned int entries = project->commandHistory().numCommands();
-  ASSERT_TRUE(project->execute(GetParam().make(*this)));
+  ASSERT_TRUE(project->execute(command));
   const std::string after = snapshot();
   EXPECT_NE(before, after);
   EXPECT_EQ(entries + 1, project->commandHistory().numCommands());
@@ -187,10 +196,12 @@ const std::vector<Case>& misuseCases() {
       CASE(SwapWithTrackOfOtherMixer, SwapTracksCmd::create(t.project->visualMixer(), t.video, t.audio)),
       CASE(EdgeShorterThanNothing, MoveLeftEdgeModCmd::create(t.first, -21)),
       CASE(LoadMissingFile, LoadSourceCmd::create("/no/such/file.mov")),
+      CASE(UnloadSourceInUse, UnloadSourceCmd::create(t.source)),
       {"UnloadTwice",
        [](CommandTest& t) {
-         t.project->execute(UnloadSourceCmd::create(t.source));
-         return UnloadSourceCmd::create(t.source);
+         const auto source = unusedSource(t);
+         t.project->execute(UnloadSourceCmd::create(source));
+         return UnloadSourceCmd::create(source);
        }},
   };
   return cases;
