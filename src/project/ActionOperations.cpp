@@ -228,6 +228,10 @@ void InternalOrvProject::addAction(boost::shared_ptr<const ActionBin> bin,
   }
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    // On a stretched media two own times can map to one parameter time.
+    if (range->rightTime() <= range->leftTime()) {
+      throw OrvException("an action of no length can't animate parameters");
+    }
     if (meetsAnotherRange(bins(), media.get(), action.get(), range->parameter().get(),
                           range->leftTime(), range->rightTime(), target.get())) {
       throw OrvException("Action collision: another action animates " + range->parameter()->name() +
@@ -255,6 +259,10 @@ void InternalOrvProject::moveAction(boost::shared_ptr<const Action> action, long
   throwIfCollisions(*bin, *action, delta);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    // On a stretched media two own times can map to one parameter time.
+    if (range->rightTime() <= range->leftTime()) {
+      throw OrvException("an action of no length can't animate parameters");
+    }
     if (meetsAnotherRange(bins(), mediaOf(*action).get(), action.get(), range->parameter().get(),
                           range->leftTime() + delta, range->rightTime() + delta)) {
       throw OrvException("Action collision when moving");
