@@ -84,7 +84,6 @@ InternalProject::InternalProject(EditRate editRate)
     : editRate_(editRate),
       timeline_(Timeline::create()),
       sourceBin_(SourceBin::create()),
-      clipBoard_(ClipBoard::create()),
       handler_(nullptr),
       combineNext_(false) {}
 
@@ -99,6 +98,7 @@ boost::shared_ptr<InternalProject> InternalProject::create(EditRate editRate) {
   boost::shared_ptr<InternalProject> project(new InternalProject(editRate));
   project->self_ = boost::shared_ptr<const ThreadSafe>(project);
   project->selfRate_ = boost::shared_ptr<const ProjectEditRate>(project);
+  project->clipBoard_ = ClipBoard::create(project->self_);
   return project;
 }
 
