@@ -1,7 +1,6 @@
 #include "commands/CascadingOrvChangeParameterCmd.h"
 
 #include "actions/OrvException.h"
-#include "actions/ParameterTime.h"
 #include "values/ChangeParameterKeyFrameCmd.h"
 #include "values/Parameter.h"
 #include "values/Parametric.h"
@@ -63,13 +62,16 @@ void CascadingOrvChangeParameterCmd::executeCommands(KelMediaLib::CommandHandler
   // The iterators hold read locks of the project for the whole loop; the key
   // frame writes of this thread go through under them. Each step asks anew
   // for the next key frame, so the loop sees the parameter as it stands.
+  // The key frames are addressed by their own times: without a parametric
+  // the change command takes the parameter's axis as it is, where a trip
+  // through the media's own time would truncate onto another key frame at
+  // any speed but 1.
   for (KelMediaLib::ParameterIterator<double> it = impl.parameter->begin();
        it != impl.parameter->end(); ++it) {
-    const long long time =
-        truncateTime(impl.parametric->fromParameterTime(static_cast<double>(it->first)));
     execute(boost::shared_ptr<KelMediaLib::Command>(
         new KelMediaLib::ChangeParameterKeyFrameCmd<Parameter<double>>(
-            impl.parametric, impl.parameter, time, it->second + impl.value)));
+            boost::shared_ptr<const Parametric>(), impl.parameter, it->first,
+            it->second + impl.value)));
   }
 }
 

@@ -41,14 +41,19 @@ long long endOf(const ActionPtr& action) {
   return range.start + range.duration;
 }
 
-void changeKeyFrame(OrvMultiCommand& group, const Impl& impl, long long time, double value) {
+/// Sets the key frame at `parameterTime`. The edit's time is mapped onto the
+/// parameter's axis once, in `executeCommands`; every time below is a key
+/// frame's own, passed without a parametric so that the change command takes
+/// it as it is (a trip through the media's own time and back truncates onto
+/// another time at any speed but 1).
+void changeKeyFrame(OrvMultiCommand& group, const Impl& impl, long long parameterTime,
+                    double value) {
+  if (parameterTime == std::numeric_limits<long long>::min() ||
+      parameterTime == std::numeric_limits<long long>::max()) {
+    throw OrvException("KeyframeAddingOrvChangeParameterCmd: the parameter has no key frame");
+  }
   group.execute(KelMediaLib::ChangeParameterKeyFrameCmd<Parameter<double>>::create(
-      impl.parametric, impl.parameter, time, value));
-}
-
-/// A key frame time of the parameter on the parametric's own axis.
-long long ownTime(const Impl& impl, long long keyFrameTime) {
-  return truncateTime(impl.parametric->fromParameterTime(static_cast<double>(keyFrameTime)));
+      boost::shared_ptr<const Parametric>(), impl.parameter, parameterTime, value));
 }
 
 bool isTimeBeforeActions(long long time, const boost::shared_ptr<const ActionBin>& bin,
@@ -149,8 +154,8 @@ void addNecessaryParameterRanges(OrvMultiCommand& group, const Impl& impl, long 
   addUnderActionParameterRange(group, impl, action);
 }
 
-void handleRightKeyframeEdit(OrvMultiCommand& group, const Impl& impl) {
-  changeKeyFrame(group, impl, impl.time, impl.value);
+void handleRightKeyframeEdit(OrvMultiCommand& group, const Impl& impl, long long time) {
+  changeKeyFrame(group, impl, time, impl.value);
 }
 
 /// The key frame that opens an action carries the value of what lies before
@@ -164,7 +169,7 @@ void handleLeftKeyframeEdit(OrvMultiCommand& group, const Impl& impl, long long 
   if (target == noEarlierKeyFrame) {
     target = time;
   }
-  changeKeyFrame(group, impl, ownTime(impl, target), impl.value);
+  changeKeyFrame(group, impl, target, impl.value);
 }
 
 void handleEditOnKeyframe(OrvMultiCommand& group, const Impl& impl, const ActionPtr& action,
@@ -172,7 +177,7 @@ void handleEditOnKeyframe(OrvMultiCommand& group, const Impl& impl, const Action
   if (action && action->timeRange().start == time) {
     handleLeftKeyframeEdit(group, impl, time);
   } else {
-    handleRightKeyframeEdit(group, impl);
+    handleRightKeyframeEdit(group, impl, time);
   }
 }
 
@@ -189,19 +194,18 @@ void handleIntraMediaEdit(OrvMultiCommand& group, const Impl& impl, long long ti
   const long long end = endOf(action);
   const double startValue = impl.parameter->valueAt(static_cast<double>(start)) - difference;
   const double endValue = impl.parameter->valueAt(static_cast<double>(end)) - difference;
-  changeKeyFrame(group, impl, ownTime(impl, start), startValue);
-  changeKeyFrame(group, impl, ownTime(impl, end), endValue);
+  changeKeyFrame(group, impl, start, startValue);
+  changeKeyFrame(group, impl, end, endValue);
 }
 
 /// Outside every action the edit lands on the key frame before it, or, with
-/// none before, on the one after. With neither, the mapping of the end of the
-/// axis fails as a time out of range.
+/// none before, on the one after. With neither, the edit is refused.
 void handleEditBetweenKeyframes(OrvMultiCommand& group, const Impl& impl, long long time) {
   long long target = impl.parameter->prevKeyFrameTime(time);
   if (target == noEarlierKeyFrame) {
     target = impl.parameter->nextKeyFrameTime(time);
   }
-  changeKeyFrame(group, impl, ownTime(impl, target), impl.value);
+  changeKeyFrame(group, impl, target, impl.value);
 }
 
 void requireObjects(const boost::shared_ptr<const ActionBin>& bin,

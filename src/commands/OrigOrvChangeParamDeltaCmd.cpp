@@ -4,11 +4,11 @@
 #include "actions/OrigToModified.h"
 #include "actions/OrvException.h"
 #include "actions/ParameterRange.h"
-#include "actions/ParameterRangeCreator.h"
 #include "actions/ParameterTime.h"
 #include "commands/AddParameterRangeCmd.h"
 #include "media/media/Media.h"
 #include "values/ChangeParameterKeyFrameByDeltaCmd.h"
+#include "values/KeyFrame.h"
 #include "values/Parameter.h"
 #include "values/Parametric.h"
 
@@ -25,21 +25,16 @@ using KelMediaLib::Parametric;
 
 namespace {
 
-/// The key frame before `time` (the parametric's own time), else the one
-/// after it, on the parametric's own axis; `time` itself if there is neither.
-long long calcPrevOrNextKeyFrameTime(const boost::shared_ptr<const Parametric>& parametric,
-                                     const boost::shared_ptr<const Parameter<double>>& parameter,
-                                     long long time) {
-  const long long at = truncateTime(parametric->toParameterTime(static_cast<double>(time)));
+/// The key frame before `at`, else the one after it, else `at` itself; all on
+/// the parameter's axis.
+long long calcPrevOrNextKeyFrameTime(const boost::shared_ptr<const Parameter<double>>& parameter,
+                                     long long at) {
   const long long previous = parameter->prevKeyFrameTime(at);
   if (previous != std::numeric_limits<long long>::min()) {
-    return truncateTime(parametric->fromParameterTime(static_cast<double>(previous)));
+    return previous;
   }
   const long long next = parameter->nextKeyFrameTime(at);
-  if (next != std::numeric_limits<long long>::max()) {
-    return truncateTime(parametric->fromParameterTime(static_cast<double>(next)));
-  }
-  return time;
+  return next != std::numeric_limits<long long>::max() ? next : at;
 }
 
 }  // namespace
@@ -65,47 +60,49 @@ OrigOrvChangeParamDeltaCmd::OrigOrvChangeParamDeltaCmd(
   }
 }
 
+// The edit's time is mapped onto the parameter's axis once; actions and key
+// frames are found and written there, and the key frame commands get no
+// parametric so that they take those times as they are (a trip through the
+// media's own time and back truncates onto another time at any speed but 1).
 void OrigOrvChangeParamDeltaCmd::executeCommands(KelMediaLib::CommandHandler const*) {
   if (!bin_) {
     throw OrvException("Can't modify an action without an actionbin!");
   }
+  const long long at = truncateTime(parametric_->toParameterTime(static_cast<double>(time_)));
   const boost::shared_ptr<const KelMediaLib::Media> media =
       boost::dynamic_pointer_cast<const KelMediaLib::Media>(parametric_);
-  const boost::shared_ptr<const Action> action = bin_->actionForMediaContainingTime(media, time_);
+  const boost::shared_ptr<const Action> action = bin_->actionForMediaContainingTime(media, at);
   bool onEdge = false;
   bool hasRange = false;
   KelMediaLib::Range<long long> stretch(0, 0);
   if (action) {
     stretch = action->timeRange();
-    onEdge = time_ == stretch.start || time_ == stretch.start + stretch.duration;
+    onEdge = at == stretch.start || at == stretch.end();
     hasRange = action->hasParameterRangeForParameterAndTimeRange(parameter_, stretch);
   }
 
   if (onEdge && !hasRange) {
-    const double value =
-        parameter_->valueAt(parametric_->toParameterTime(static_cast<double>(time_)));
-    const auto left =
-        ParameterRangeCreator::createKeyFrameAtTime(parametric_, parameter_, stretch.start, value);
-    const auto right = ParameterRangeCreator::createKeyFrameAtTime(
-        parametric_, parameter_, stretch.start + stretch.duration, value);
+    const double value = parameter_->valueAt(static_cast<double>(at));
     orvExecute(AddParameterRangeCmd::create(
-        action, boost::make_shared<ParameterRange>(parametric_, parameter_, left, right,
-                                                   OrigToModified())));
+        action, boost::make_shared<ParameterRange>(
+                    parametric_, parameter_,
+                    boost::make_shared<KelMediaLib::KeyFrame<double>>(stretch.start, value),
+                    boost::make_shared<KelMediaLib::KeyFrame<double>>(stretch.end(), value),
+                    OrigToModified())));
   }
 
   std::vector<long long> times;
   if (action && !onEdge && hasRange) {
     times.push_back(stretch.start);
-    times.push_back(stretch.start + stretch.duration);
-  } else if (parameter_->hasKeyFrameAt(
-                 truncateTime(parametric_->toParameterTime(static_cast<double>(time_))))) {
-    times.push_back(time_);
+    times.push_back(stretch.end());
+  } else if (parameter_->hasKeyFrameAt(at)) {
+    times.push_back(at);
   } else {
-    times.push_back(calcPrevOrNextKeyFrameTime(parametric_, parameter_, time_));
+    times.push_back(calcPrevOrNextKeyFrameTime(parameter_, at));
   }
   for (const long long time : times) {
     execute(KelMediaLib::ChangeParameterKeyFrameByDeltaCmd<const Parameter<double>>::create(
-        parametric_, parameter_, time, delta_));
+        boost::shared_ptr<const Parametric>(), parameter_, time, delta_));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "actions/ActionCreator.h"
 #include "actions/OrvException.h"
 #include "actions/ParameterRange.h"
+#include "core/SubProject.h"
 #include "media/media/Media.h"
 #include "media/project/InternalProject.h"
 #include "project/ProjectSupport.h"
@@ -107,6 +108,27 @@ void throwIfMovingPastActions(const ParameterInterface& parameter, long long old
 void throwIfNoLength(long long start, long long end) {
   if (subtractTime(end, start) <= 0) {
     throw OrvException("an action can't be trimmed to no length");
+  }
+}
+
+// What an action animates must be of this project: its parametric, and for
+// each range that very parametric and one of its own parameters. A key frame
+// of another project's parameter would change behind that project's lock
+// and history.
+void throwIfOfAnotherProject(const KelMediaLib::InternalProject& project, const Action& action) {
+  const auto* part = dynamic_cast<const KelMediaLib::SubProject*>(action.parametric().get());
+  if (part && !project.isPartOfProject(*part)) {
+    throw OrvException("the action's media belongs to another project");
+  }
+}
+
+void throwIfNotTheActions(const Action& action, const ParameterRange& range) {
+  if (range.parametric() != action.parametric()) {
+    throw OrvException("a parameter range animates another media than its action's");
+  }
+  const auto parameter = range.parameter();
+  if (!parameter || range.parametric()->parameterNamed(parameter->name()) != parameter) {
+    throw OrvException("a parameter range's parameter isn't one of its media's");
   }
 }
 
@@ -226,8 +248,10 @@ void InternalOrvProject::addAction(boost::shared_ptr<const ActionBin> bin,
   if (!target) {
     throw OrvException("Invalid actionBin!");
   }
+  throwIfOfAnotherProject(*project_, *action);
   const boost::shared_ptr<ParameterRangeList> ranges = action->parameterRanges();
   for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
+    throwIfNotTheActions(*action, *range);
     // On a stretched media two own times can map to one parameter time.
     if (range->rightTime() <= range->leftTime()) {
       throw OrvException("an action of no length can't animate parameters");
@@ -292,6 +316,7 @@ void InternalOrvProject::addParameterRange(boost::shared_ptr<const Action> actio
     throw OrvException("action doesn't exist inside any action bins");
   }
   require(range, "addParameterRange", "parameter range");
+  throwIfNotTheActions(*action, *range);
   // Adding shares the message of removing: one check serves both.
   if (action->timeRange() != range->timeRange()) {
     throw OrvException("Range to remove and action range don't match");

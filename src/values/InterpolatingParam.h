@@ -1,6 +1,7 @@
 #pragma once
 
 #include "values/Interpolater.h"
+#include "core/Observer.h"
 #include "core/XMLText.h"
 #include "values/Parameter.h"
 
@@ -60,9 +61,63 @@ class InterpolatingParam : public Parameter<T> {
                                  "\": can't copy the key frames of \"" + source.name() +
                                  "\", which isn't an interpolating parameter of the same type");
     }
-    interpolaters_->copyKeyFramesFrom(*typed->interpolaters_);
+    {
+      const CompanionEdit edit(*this);
+      interpolaters_->copyKeyFramesFrom(*typed->interpolaters_);
+    }
     Parameter<T>::copyKeyFramesFrom(source);
   }
+
+  /// The companion's key frame at `oldTime`, the interpolater of the stretch
+  /// that starts there, goes along to `newTime`; one the companion holds at
+  /// `newTime` already stays, and the travelling one with it. A refused
+  /// move changes neither.
+  void moveKeyFrame(long long oldTime, long long newTime) override {
+    if (!this->hasKeyFrameAt(oldTime)) {
+      Parameter<T>::moveKeyFrame(oldTime, newTime);  // throws: nothing there
+    }
+    if (oldTime != newTime && this->hasKeyFrameAt(newTime)) {
+      Parameter<T>::moveKeyFrame(oldTime, newTime);  // throws: the place is taken
+    }
+    if (oldTime != newTime && interpolaters_->hasKeyFrameAt(oldTime) &&
+        !interpolaters_->hasKeyFrameAt(newTime)) {
+      const CompanionEdit edit(*this);
+      interpolaters_->moveKeyFrame(oldTime, newTime);
+    }
+    Parameter<T>::moveKeyFrame(oldTime, newTime);
+  }
+
+  /// The companion's key frame at `time` goes with the key frame, unless it
+  /// is the companion's last (it then speaks for the whole parameter).
+  T removeKeyFrame(long long time) override {
+    if (!this->hasKeyFrameAt(time)) {
+      return Parameter<T>::removeKeyFrame(time);  // throws: nothing there
+    }
+    if (interpolaters_->hasKeyFrameAt(time) && interpolaters_->numKeyFrames() > 1) {
+      const CompanionEdit edit(*this);
+      interpolaters_->removeKeyFrame(time);
+    }
+    return Parameter<T>::removeKeyFrame(time);
+  }
+
+  /// Observers of the parameter learn of the companion's edits too: its
+  /// interpolaters change the parameter's values. Not while the parameter
+  /// itself notifies (an observer that keeps the companion in step from its
+  /// notification would be called back inside it) nor while it edits the
+  /// companion as part of its own edit, which notifies once when whole.
+  void notify() const override {
+    const bool was = notifying_;
+    notifying_ = true;
+    try {
+      Parameter<T>::notify();
+    } catch (...) {
+      notifying_ = was;
+      throw;
+    }
+    notifying_ = was;
+  }
+
+  ~InterpolatingParam() override { interpolaters_->detach(&relay_); }
 
   /// `<InterpolatingParam id=".." name="..">` with the companion and the key frames.
   void xmlName(XMLable::Options& options) const override {
@@ -83,10 +138,45 @@ class InterpolatingParam : public Parameter<T> {
       : Parameter<T>(project, name, defaultValue),
         interpolaters_(InterpolaterParameter::create(
             project, "interpolater",
-            boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()))) {}
+            boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()))),
+        relay_(*this) {
+    interpolaters_->attach(&relay_);
+  }
 
  private:
+  class CompanionRelay : public Observer {
+   public:
+    explicit CompanionRelay(const InterpolatingParam& owner) : owner_(owner) {}
+    void observerUpdate() override {
+      if (!owner_.notifying_ && !owner_.editingCompanion_) {
+        owner_.notify();
+      }
+    }
+
+   private:
+    const InterpolatingParam& owner_;
+  };
+
+  /// Marks an edit of the companion made by the parameter itself.
+  class CompanionEdit {
+   public:
+    explicit CompanionEdit(const InterpolatingParam& owner)
+        : owner_(owner), was_(owner.editingCompanion_) {
+      owner_.editingCompanion_ = true;
+    }
+    ~CompanionEdit() { owner_.editingCompanion_ = was_; }
+    CompanionEdit(const CompanionEdit&) = delete;
+    CompanionEdit& operator=(const CompanionEdit&) = delete;
+
+   private:
+    const InterpolatingParam& owner_;
+    bool was_;
+  };
+
   boost::shared_ptr<InterpolaterParameter> interpolaters_;
+  CompanionRelay relay_;
+  mutable bool notifying_ = false;
+  mutable bool editingCompanion_ = false;
 };
 
 extern template class InterpolatingParam<double>;

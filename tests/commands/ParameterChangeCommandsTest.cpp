@@ -12,6 +12,8 @@
 #include "commands/OrvChangeVectorParameterCmd.h"
 #include "commands/OrvMultiChangeParameterCmd.h"
 #include "core/Observer.h"
+#include "core/XMLable.h"
+#include "media/commands/StretchCmd.h"
 #include "media/media/Transformer.h"
 #include "media/media/VisualMedia.h"
 #include "values/AddParameterKeyFrameCmd.h"
@@ -22,7 +24,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <sstream>
 #include <vector>
 #include <stdexcept>
 
@@ -251,6 +255,90 @@ TEST(ParameterChangeCommandsTest, GlobalEditShiftsEveryKeyFrameInOrderByOneDelta
                                                            flat.project->actionBin(), 0, 1.0);
             }),
             "not implemented");
+}
+
+// A text box stretched to `speed`, "opacity" at 0=1, 7=0.5, 101=0.25 on its
+// parameter axis and an action fading it to 0.5 over 201..301 there. At 1.5
+// the own time of 7 is 10.5 and of 201 is 301.5: a key frame time that went
+// to the own axis and back, truncated each way, would land on 6 and 200.
+struct Stretched : Studio {
+  double speed;
+  boost::shared_ptr<const Media> media = addMedia(0);
+  Opacity opacity = opacityOf(*media);
+  explicit Stretched(double s) : speed(s) {
+    project->execute(KelMediaLib::StretchCmd::create(track, media, speed));
+    addKeyFrame(*this, opacity, 7, 0.5);
+    addKeyFrame(*this, opacity, 101, 0.25);
+    ActionDescription fade(ActionDescription::CENTER_ACTION);
+    fade.addParameterRange(
+        {"opacity", OrvMediaLib::OrigToModified(), OrvMediaLib::SetTransform(), 0.5});
+    project->orvExecute(OrvMediaLib::AddActionCmd::create(
+        media, project->actionBin(), fade, ownTime(201), ownTime(301) - ownTime(201)));
+  }
+  /// The smallest own time that maps onto the parameter time `p`.
+  long long ownTime(long long p) const {
+    return static_cast<long long>(std::ceil(static_cast<double>(p) * speed));
+  }
+  std::string state() const { return keyFrames(*opacity); }
+  std::string text() const {
+    std::ostringstream out;
+    KelMediaLib::XMLable::Options options(out);
+    project->toXML(options, 0, std::string());
+    return out.str();
+  }
+};
+
+TEST(ParameterChangeCommandsTest, EditsOnAStretchedMediaWriteTheKeyFramesOfTheirParameterTime) {
+  typedef boost::shared_ptr<OrvCommand> (*Make)(const Stretched&, long long);
+  const Make global = [](const Stretched& s, long long) -> boost::shared_ptr<OrvCommand> {
+    return OrvMediaLib::CascadingOrvChangeParameterCmd::createWithDelta(
+        s.project->actionBin(), s.media, s.opacity, 0, 0.125);
+  };
+  const Make globalAbsolute = [](const Stretched& s,
+                                 long long own) -> boost::shared_ptr<OrvCommand> {
+    return OrvChangeParameterCmd::createGlobalWithAbsolute(s.media, s.opacity,
+                                                           s.project->actionBin(), own, 0.75);
+  };
+  const Make local = [](const Stretched& s, long long own) -> boost::shared_ptr<OrvCommand> {
+    return OrvChangeParameterCmd::createWithAbsolute(s.media, s.opacity, s.project->actionBin(),
+                                                     own, 0.75);
+  };
+  const Make earlier = [](const Stretched& s, long long own) -> boost::shared_ptr<OrvCommand> {
+    return OrvMediaLib::OrigOrvChangeParamDeltaCmd::create(s.media, s.opacity,
+                                                           s.project->actionBin(), own, -0.125);
+  };
+  const struct {
+    const char* name;
+    Make make;
+    long long parameterTime;
+  } cases[] = {
+      {"global", global, 0},
+      {"global to a value at 20", globalAbsolute, 20},
+      {"local on the key frame at 7", local, 7},
+      {"local between 7 and 101", local, 20},
+      {"local on the action's start", local, 201},
+      {"local inside the action", local, 250},
+      {"earlier form between 7 and 101", earlier, 20},
+      {"earlier form on the action's start", earlier, 201},
+      {"earlier form inside the action", earlier, 250},
+  };
+  // At speed 1 both axes are one, so its result is the one to match.
+  for (const auto& c : cases) {
+    const Stretched reference(1.0);
+    const std::string expected =
+        runUndoRedo(reference, c.make(reference, reference.ownTime(c.parameterTime)));
+    for (const double speed : {1.5, 2.0}) {
+      const Stretched stretched(speed);
+      const std::string before = stretched.text();
+      const auto command = c.make(stretched, stretched.ownTime(c.parameterTime));
+      EXPECT_EQ(runUndoRedo(stretched, command), expected) << c.name << " at speed " << speed;
+      const std::string after = stretched.text();
+      stretched.project->undo();
+      EXPECT_EQ(stretched.text(), before) << c.name << " at speed " << speed;
+      stretched.project->redo();
+      EXPECT_EQ(stretched.text(), after) << c.name << " at speed " << speed;
+    }
+  }
 }
 
 TEST(ParameterChangeCommandsTest, MultiParametricEditSkipsParametricsWithoutTheParameter) {

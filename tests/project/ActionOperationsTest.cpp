@@ -88,6 +88,11 @@ boost::shared_ptr<CenterAction> scaled(const boost::shared_ptr<const Media>& box
   return action;
 }
 
+// A text box of `project` (of none if null), on no track.
+boost::shared_ptr<TextBox> boxOf(const boost::shared_ptr<OrvProject>& project) {
+  return TextBox::create("t", 1000, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(project));
+}
+
 // Each operation gives its message (none: it succeeds) and leaves the
 // opacity's key frames at these times.
 TEST_F(ProjectFixture, OperationsGiveTheirMessagesAndLeaveTheirStates) {
@@ -191,6 +196,31 @@ TEST_F(ProjectFixture, OperationsGiveTheirMessagesAndLeaveTheirStates) {
        {100, 200, 300, 400, 500, 600}},
       {[&other](const Scene& s) { s.p.addAction(other->actionBin(), s.loose); },
        "Invalid actionBin!", resting},
+      // What an action animates is of this project, and a range animates
+      // its action's media with one of that media's parameters.
+      {[&other](const Scene& s) {
+         s.p.addAction(s.p.actionBin(), actionOn(boxOf(other), 500, 600));
+       },
+       "the action's media belongs to another project", resting},
+      {[](const Scene& s) {
+         const auto mixed = actionOn(s.box, 500, 600);
+         mixed->addParameterRange(*rangeOn(boxOf(nullptr), 500, 600, "scale0"));
+         s.p.addAction(s.p.actionBin(), mixed);
+       },
+       "a parameter range animates another media than its action's", resting},
+      {[&other](const Scene& s) {
+         s.p.addParameterRange(s.a, rangeOn(boxOf(other), 100, 200, "scale0"));
+       },
+       "a parameter range animates another media than its action's", resting},
+      {[](const Scene& s) {
+         const auto stranger = boxOf(nullptr);
+         s.p.addParameterRange(
+             s.a, boost::make_shared<ParameterRange>(
+                      s.box, parameterOf(*stranger, "scale0"),
+                      boost::make_shared<KeyFrame<double>>(100, 0.25),
+                      boost::make_shared<KeyFrame<double>>(200, 0.75), OrigToModified()));
+       },
+       "a parameter range's parameter isn't one of its media's", resting},
       {[](const Scene& s) { s.p.moveParameterKeyFrame(s.box, s.box->opacity(), 200, 350); }, past,
        resting},
   };

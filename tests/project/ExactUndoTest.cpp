@@ -11,6 +11,7 @@
 #include "commands/RemoveParameterRangeCmd.h"
 #include "commands/TrimActionEndCmd.h"
 #include "commands/TrimActionStartCmd.h"
+#include "media/commands/MoveParameterKeyFrameCmd.h"
 #include "media/commands/StretchCmd.h"
 #include "media/project/CommandHistory.h"
 #include "values/AddParameterKeyFrameCmd.h"
@@ -121,6 +122,12 @@ TEST_F(ExactUndoTest, UndoGivesBackTheWrittenProjectAndRedoTheStateAfter) {
        [this] {
          run(boost::make_shared<RemoveParameterKeyFrameCmd<Parameter<double>>>(
              media, parameterOf(*media, "opacity"), 400));
+       }},
+      // Both actions hold a range on "opacity"; the first one's right key
+      // frame moves under its range, which must give it back on undo.
+      {"moving a key frame that one of a parameter's two ranges holds", withNeighbours,
+       [this] {
+         run(MoveParameterKeyFrameCmd::create(media, parameterOf(*media, "opacity"), 200, 250));
        }},
       {"moving an action", withNeighbours,
        [this] {

@@ -22,8 +22,8 @@ def test_key_frames_are_edited_and_read_in_time_order(title):
     assert scale.at(50) == (50, 2.0, "esIn") and scale.at(51) is None
     scale.move(100, 200)
     scale.remove(50)
-    # The interpolater shown is the one in force at the key frame: the esIn set at 50 stays.
-    assert scale.key_frames == [(0, 0.5, "linr"), (200, 3.0, "esIn")]
+    # The esIn set at 50 goes with its key frame: the one in force at 200 is linr from 0.
+    assert scale.key_frames == [(0, 0.5, "linr"), (200, 3.0, "linr")]
     with pytest.raises(IndexError):
         scale[2]
 

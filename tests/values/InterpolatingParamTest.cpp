@@ -11,6 +11,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <string>
 #include <utility>
@@ -183,6 +184,82 @@ TEST_F(InterpolatingParamTest, WritesTheCompanionBeforeItsKeyFrames) {
                 "  </Keyframes>\n"
                 "</InterpolatingParam>\n",
             xmlOf(*scale));
+}
+
+}  // namespace
+
+namespace {
+
+std::string timesOf(const InterpolatingParam<double>::InterpolaterParameter& companion) {
+  std::string text;
+  for (const long long time : companion.keyFrameTimes()) text += std::to_string(time) + " ";
+  return text;
+}
+
+// Key frames at 0, 10 and 20; the companion holds linear at 0 and ease-in at
+// 10 (and a stray at 5 where asked). Each edit reports its failure, if any,
+// then the parameter's and the companion's times.
+TEST_F(InterpolatingParamTest, MovesAndRemovalsTakeTheCompanionsKeyFrameAlong) {
+  const struct {
+    const char* edit;
+    bool stray;
+    std::function<void(InterpolatingParam<double>&)> run;
+    const char* expected;
+  } cases[] = {
+      {"move 10 to 15", false, [](auto& p) { p.moveKeyFrame(10, 15); }, "0 15 20 |0 15 "},
+      {"move 10 to 5 onto a stray", true, [](auto& p) { p.moveKeyFrame(10, 5); },
+       "0 5 20 |0 5 10 "},
+      {"move 20 to 25, no companion there", false, [](auto& p) { p.moveKeyFrame(20, 25); },
+       "0 10 25 |0 10 "},
+      {"move 10 onto 20", false, [](auto& p) { p.moveKeyFrame(10, 20); }, "refused|0 10 20 |0 10 "},
+      {"move 30, missing", false, [](auto& p) { p.moveKeyFrame(30, 40); },
+       "refused|0 10 20 |0 10 "},
+      {"remove 10", false, [](auto& p) { p.removeKeyFrame(10); }, "0 20 |0 "},
+      {"remove 0, then 10: the companion keeps its last", false,
+       [](auto& p) {
+         p.removeKeyFrame(0);
+         p.removeKeyFrame(10);
+       },
+       "20 |10 "},
+      {"remove 30, missing", false, [](auto& p) { p.removeKeyFrame(30); },
+       "refused|0 10 20 |0 10 "},
+  };
+  for (const auto& c : cases) {
+    const auto param = InterpolatingParam<double>::create(project, "scale", 1.0);
+    param->addKeyFrame(10, 2.0);
+    param->addKeyFrame(20, 4.0);
+    const auto companion = param->interpolaterParameter();
+    companion->addKeyFrame(10, easeIn());
+    if (c.stray) companion->addKeyFrame(5, sigmoid());
+    std::string result;
+    try {
+      c.run(*param);
+    } catch (const KelMediaLibException&) {
+      result = "refused|";
+    }
+    for (const long long time : param->keyFrameTimes()) result += std::to_string(time) + " ";
+    EXPECT_EQ(c.expected, result + "|" + timesOf(*companion)) << c.edit;
+  }
+}
+
+// The stretch keeps its interpolater when its left key frame moves, and the
+// parameter's observers hear of the companion's edits, once per edit.
+TEST_F(InterpolatingParamTest, CompanionEditsReachTheParametersObserversOnce) {
+  scale->addKeyFrame(10, 0.0);
+  scale->addKeyFrame(20, 1.0);
+  scale->interpolaterParameter()->addKeyFrame(10, easeIn());
+  const double eased = scale->valueAt(15);
+  CountingObserver observer;
+  scale->attach(&observer);
+  scale->moveKeyFrame(10, 12);
+  EXPECT_EQ(1, observer.count);
+  EXPECT_DOUBLE_EQ(eased, scale->valueAt(16));
+  scale->interpolaterParameter()->setKeyFrameValue(12, left());
+  EXPECT_EQ(2, observer.count);
+  EXPECT_EQ(0.0, scale->valueAt(16));
+  scale->removeKeyFrame(12);
+  EXPECT_EQ(3, observer.count);
+  scale->detach(&observer);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "core/EditJournal.h"
 #include "core/KelMediaLibException.h"
 #include "core/ReadWriteMutex.h"
+#include "core/SubProject.h"
 #include "core/XMLText.h"
 #include "media/commands/ChangeSourcesFileCmd.h"
 #include "media/edges/EdgeModifiable.h"
@@ -63,19 +64,29 @@ const char* sideName(EdgeSide side) {
 }
 
 // The command runs its undo or redo, then the journal puts back exactly what
-// it holds. When the journal holds the whole edit, a failure of the
-// command's own replay loses nothing: the journal restores every object it
-// touched.
+// it holds. When the journal holds the whole edit, it alone makes the model
+// exact: the command's own replay runs under a scratch journal whose objects
+// are then put back as they were before it, so that nothing the replay
+// touches beyond the edit stays changed (re-adding an action moves key frames
+// that take their interpolaters along, say), and a failure of the replay
+// loses nothing.
 void replay(Command& command, CommandHandler* handler, const EditJournal* journal,
             bool (Command::*step)(CommandHandler*)) {
-  const EditJournal::Scope suspended(nullptr);
-  try {
+  if (!journal || journal->hasUnjournaledEdits()) {
+    const EditJournal::Scope suspended(nullptr);
     (command.*step)(handler);
-  } catch (...) {
-    if (!journal || journal->hasUnjournaledEdits()) {
-      throw;
+    return;
+  }
+  EditJournal scratch;
+  {
+    const EditJournal::Scope scope(&scratch);
+    try {
+      (command.*step)(handler);
+    } catch (...) {
     }
   }
+  const EditJournal::Scope suspended(nullptr);
+  scratch.restoreBefore();
 }
 
 }  // namespace
@@ -320,6 +331,11 @@ boost::shared_ptr<Track> InternalProject::ownTrack(const boost::shared_ptr<const
   return boost::const_pointer_cast<Track>(track);
 }
 
+bool InternalProject::isPartOfProject(const SubProject& part) const {
+  const boost::shared_ptr<const ThreadSafe> owner = part.projectMutex().lock();
+  return owner && &owner->mutex() == &mutex();
+}
+
 boost::shared_ptr<Media> InternalProject::mediaOnTrack(const boost::shared_ptr<const Track>& track,
                                                        const boost::shared_ptr<const Media>& media,
                                                        const char* operation) const {
@@ -493,6 +509,9 @@ void InternalProject::addMedia(boost::shared_ptr<const Track> track,
   EditJournal::noteUnjournaledEdit();
   const boost::shared_ptr<Track> own = ownTrack(track, "addMedia");
   require(media, "addMedia", "media");
+  if (!isPartOfProject(*media)) {
+    throw failure("addMedia", label(*media) + " belongs to another project");
+  }
   if (media->parent()) {
     throw failure("addMedia", label(*media) + " is on a track already");
   }
@@ -680,6 +699,10 @@ void InternalProject::moveParameterKeyFrame(boost::shared_ptr<const Parametric> 
                                             long long oldTime, long long newTime) {
   require(parametric, "moveParameterKeyFrame", "parametric");
   require(parameter, "moveParameterKeyFrame", "parameter");
+  const SubProject* part = dynamic_cast<const SubProject*>(parametric.get());
+  if (part && !isPartOfProject(*part)) {
+    throw failure("moveParameterKeyFrame", "the parametric belongs to another project");
+  }
   if (parametric->parameterNamed(parameter->name()) != parameter) {
     throw failure("moveParameterKeyFrame",
                   "the parameter \"" + parameter->name() + "\" isn't one of the parametric's");

@@ -57,6 +57,11 @@ class InternalProject : public Project, public CommandHandler, public EdgeModCom
   void changeSourcesFile(boost::shared_ptr<const Source> source, const std::string& path) override;
   void addSourceBinSentry(boost::shared_ptr<SourceBinSentry> sentry) override;
 
+  /// Whether `part` is of this project: it locks this project's lock (the
+  /// parts made through a facade around the project lock the same one). A
+  /// part of another project, of one that has gone or of none is not.
+  bool isPartOfProject(const SubProject& part) const;
+
   void xmlName(Options& options) const override;
   void xmlAttributes(Options& options) const override;
   void xmlBody(Options& options, int depth) const override;

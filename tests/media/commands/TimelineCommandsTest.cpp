@@ -173,6 +173,23 @@ const std::vector<Case>& misuseCases() {
          t.keepAlive = other;
          return AddMediaCmd::create(track, t.clip(0, 10), 0);
        }},
+      {"MediaOfAnotherProject",
+       [](CommandTest& t) {
+         const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
+         t.keepAlive = other;
+         return AddMediaCmd::create(
+             t.video2, TextBox::create("t", 10, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(other)),
+             0);
+       }},
+      {"KeyFrameOfAnotherProject",
+       [](CommandTest& t) {
+         const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
+         t.keepAlive = other;
+         const auto box =
+             TextBox::create("t", 10, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(other));
+         box->opacity()->addKeyFrame(5, 0.5);
+         return MoveParameterKeyFrameCmd::create(box, box->opacity(), 5, 6);
+       }},
       CASE(WrongKindOfTrack, AddMediaCmd::create(t.audio, t.clip(0, 10), 0)),
       CASE(NegativeTime, AddMediaCmd::create(t.video2, t.clip(0, 10), -1)),
       CASE(MoveBeforeZero, MoveMediaCmd::create(t.video, t.first, -501)),
