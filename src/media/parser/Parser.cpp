@@ -1,5 +1,6 @@
 #include "media/parser/Parser.h"
 
+#include "core/EditJournal.h"
 #include "core/IOException.h"
 #include "core/ParserException.h"
 #include "media/parser/LoadCancelledException.h"
@@ -100,6 +101,13 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
   XML_SetElementHandler(expat.parser, KelPStartElement, KelPEndElement);
   stack_.push_back(startState_);
   expat_ = &expat;
+  // Until the load is over the project is the parser's alone, a failed load
+  // hands out nothing, and the commands that build it can't be undone (the
+  // history is cleared after the load). So no command needs the journal of
+  // its own that a user's edit gets, whose states cost more than the edit:
+  // one journal stays open for the whole load and takes every note once.
+  EditJournal loading;
+  const EditJournal::Scope journal(&loading);
   const std::uint64_t total = progress_ ? remainingSize(in) : 0;
   std::uint64_t read = 0;
   try {
