@@ -114,6 +114,16 @@ inline int attributeCast<int>(const std::string& text) {
   return attributecast::integer<int>(text);
 }
 
+/// The stream reader takes a minus on an unsigned number and wraps it
+/// round; those rare texts are left to it.
+template <>
+inline unsigned int attributeCast<unsigned int>(const std::string& text) {
+  if (!text.empty() && text[0] == '-') {
+    return attributecast::byStream<unsigned int>(text);
+  }
+  return attributecast::integer<unsigned int>(text);
+}
+
 template <>
 inline double attributeCast<double>(const std::string& text) {
   return attributecast::floating<double>(text);

@@ -96,6 +96,7 @@ TEST(AttributeCastTest, NumbersAreReadAsTheStreamReaderReadsThem) {
   for (const char* text : kTexts) {
     expectSameAsStream<long long>(text);
     expectSameAsStream<int>(text);
+    expectSameAsStream<unsigned int>(text);
     expectSameAsStream<double>(text);
     expectSameAsStream<float>(text);
   }
