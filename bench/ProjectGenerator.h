@@ -22,13 +22,14 @@ class ProjectGenerator {
   static constexpr int kKeyFrames = 10;
   static constexpr long long kMediaDuration = 300;
 
-  /// A new project at 30/1 with `medias` media. The history holds the
-  /// commands that built it. Throws `std::invalid_argument` on a negative
-  /// count.
-  static boost::shared_ptr<OrvMediaLib::OrvProject> build(int medias);
-
-  /// The project file of `build(medias)`, written by the project writer.
+  /// The project file of a new project at 30/1 with `medias` media, built
+  /// by commands and written by the project writer. Throws
+  /// `std::invalid_argument` on a negative count.
   static std::string document(int medias);
+
+  /// The project that `document(medias)` reads back to, with an empty
+  /// history, as a user's project is after a load.
+  static boost::shared_ptr<OrvMediaLib::OrvProject> build(int medias);
 };
 
 }  // namespace OrvBench
