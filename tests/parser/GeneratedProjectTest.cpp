@@ -6,6 +6,7 @@
 
 #include "actions/ActionBin.h"
 #include "core/KelMediaLibException.h"
+#include "core/ParserException.h"
 #include "media/commands/MoveMediaCmd.h"
 #include "media/media/TextBox.h"
 #include "media/media/Transformer.h"
@@ -14,10 +15,13 @@
 #include "media/timeline/Timeline.h"
 #include "media/timeline/VisualMixer.h"
 #include "media/timeline/VisualTrack.h"
+#include "parser/OrvParser.h"
 #include "project/OrvProject.h"
+#include "values/AddParameterKeyFrameCmd.h"
 #include "values/InterpolatingParam.h"
 #include "values/VectorParam.h"
 
+#include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -93,6 +97,24 @@ TEST(GeneratedProjectTest, AProjectReadHasNothingToUndoAndThenUndoesItsEdits) {
   EXPECT_NE(text, written(*back));
   back->undo();
   EXPECT_EQ(text, written(*back));
+}
+
+// A load runs its commands under a journal of its own; one that fails must
+// close it, or the edits after it would have no journal to undo them by.
+TEST(GeneratedProjectTest, EditsAfterAFailedLoadUndoExactly) {
+  const std::string text = ProjectGenerator::document(10);
+  const auto project = ProjectGenerator::build(10);
+  OrvMediaLib::OrvParser parser(nullptr, nullptr);
+  std::istringstream truncated(text.substr(0, text.size() / 2));
+  EXPECT_THROW(parser.parseProject(truncated), ParserException);
+
+  const auto track = project->timeline()->visualMixer()->trackAt(0);
+  const auto media = boost::dynamic_pointer_cast<const TextBox>(track->medias().at(2));
+  project->execute(
+      boost::make_shared<AddParameterKeyFrameCmd<Parameter<double>>>(media->opacity(), 45, 0.125));
+  EXPECT_NE(text, written(*project));
+  project->undo();
+  EXPECT_EQ(text, written(*project));
 }
 
 TEST(GeneratedProjectTest, RefusesANegativeCount) {
