@@ -1,10 +1,12 @@
 #include "media/parser/Parser.h"
 
+#include "core/EditJournal.h"
 #include "core/IOException.h"
 #include "core/ParserException.h"
 #include "media/parser/LoadCancelledException.h"
 #include "media/parser/StartStateImpl.h"
 #include "media/parser/SymbolTable.h"
+#include "media/project/InternalProject.h"
 #include "media/project/Project.h"
 
 #include <expat.h>
@@ -36,6 +38,18 @@ std::uint64_t remainingSize(std::istream& in) {
   return static_cast<std::uint64_t>(end - here);
 }
 
+// How many elements end between two clearings of the history while loading.
+const int kElementsBetweenClears = 4096;
+
+// The commands that built a project are no edit the user could undo: they
+// leave its history as they go, every few thousand elements and at the end,
+// instead of holding more memory than the model until the load is over.
+void clearHistory(const boost::shared_ptr<Project>& project) {
+  if (const auto inner = boost::dynamic_pointer_cast<InternalProject>(project)) {
+    inner->clearHistory();
+  }
+}
+
 ParserException positioned(const ParserException& exception, XML_Parser expat) {
   return ParserException(exception.what(), static_cast<int>(XML_GetCurrentLineNumber(expat)),
                          static_cast<int>(XML_GetCurrentColumnNumber(expat)));
@@ -54,6 +68,7 @@ struct Parser::Expat {
   Expat(const Expat&) = delete;
   Expat& operator=(const Expat&) = delete;
   XML_Parser parser;
+  int endedSinceClear = 0;
 };
 
 extern "C" {
@@ -100,6 +115,13 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
   XML_SetElementHandler(expat.parser, KelPStartElement, KelPEndElement);
   stack_.push_back(startState_);
   expat_ = &expat;
+  // Until the load is over the project is the parser's alone, a failed load
+  // hands out nothing, and the commands that build it can't be undone (the
+  // history is cleared after the load). So no command needs the journal of
+  // its own that a user's edit gets, whose states cost more than the edit:
+  // one journal stays open for the whole load and takes every note once.
+  EditJournal loading;
+  const EditJournal::Scope journal(&loading);
   const std::uint64_t total = progress_ ? remainingSize(in) : 0;
   std::uint64_t read = 0;
   try {
@@ -143,6 +165,7 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
     throw;
   }
   expat_ = nullptr;
+  clearHistory(startState_->project());
   return startState_->project();
 }
 
@@ -190,6 +213,10 @@ void Parser::endElement(const char* name) {
   try {
     stack_.back()->endElement(name);
     stack_.pop_back();
+    if (++expat_->endedSinceClear == kElementsBetweenClears) {
+      expat_->endedSinceClear = 0;
+      clearHistory(startState_->project());
+    }
   } catch (...) {
     fail();
   }
