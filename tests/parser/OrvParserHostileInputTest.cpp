@@ -19,12 +19,18 @@ namespace {
 using namespace KelMediaLib;
 using namespace OrvMediaLib;
 
-// The document around a list of visual media.
+// The document around a list of visual media, and around a source bin.
 std::string withMedia(const std::string& medias) {
   return "<OrvProject version=\"1.0\"><Project id=\"1\" editRate=\"30/1\" version=\"1.0\">"
          "<Timeline><VisualMixer id=\"2\"><Tracks><VisualTrack id=\"3\"><Medias>" +
          medias +
          "</Medias></VisualTrack></Tracks></VisualMixer></Timeline></Project></OrvProject>";
+}
+
+std::string withSourceModifiedAt(const std::string& lastMod) {
+  return "<OrvProject version=\"1.0\"><Project id=\"1\" editRate=\"30/1\" version=\"1.0\">"
+         "<SourceBin><Source id=\"2\" src=\"" ORV_TEST_DATA_DIR "/clip.mp4\" lastMod=\"" +
+         lastMod + "\" rect=\"(0,0,64,48)\"></Source></SourceBin></Project></OrvProject>";
 }
 
 // What a load ended with: the kind of exception and its text.
@@ -63,6 +69,19 @@ TEST(OrvParserHostileInputTest, EndsWithTheReadersOwnException) {
                  "trimStartSum=\"" +
                  lowest + "\"/>"),
        "ParserException trimStartSum " + lowest + " out of range"},
+      // Dates that don't exist, and stamps too short for their fields.
+      {withSourceModifiedAt("99999999T999999"),
+       "ParserException Source lastMod \"99999999T999999\" isn't a time YYYYMMDDThhmmss"},
+      {withSourceModifiedAt("20260230T000000"),
+       "ParserException Source lastMod \"20260230T000000\" isn't a time YYYYMMDDThhmmss"},
+      {withSourceModifiedAt("10000101T000000"),
+       "ParserException Source lastMod \"10000101T000000\" isn't a time YYYYMMDDThhmmss"},
+      {withSourceModifiedAt("2026"),
+       "ParserException Source lastMod \"2026\" isn't a time YYYYMMDDThhmmss"},
+      {withSourceModifiedAt("20260101T"),
+       "ParserException Source lastMod \"20260101T\" isn't a time YYYYMMDDThhmmss"},
+      {withSourceModifiedAt(""),
+       "ParserException Source lastMod \"\" isn't a time YYYYMMDDThhmmss"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.input);
@@ -75,6 +94,7 @@ TEST(OrvParserHostileInputTest, EndsWithTheReadersOwnException) {
 TEST(OrvParserHostileInputTest, TheDocumentsAroundTheRowsLoad) {
   EXPECT_EQ("loaded", outcome(withMedia("<TextBox id=\"4\" start=\"0\" duration=\"10\" "
                                         "width=\"1\" height=\"1\" trimStartSum=\"3\"/>")));
+  EXPECT_EQ("loaded", outcome(withSourceModifiedAt("20991231T235959")));
 }
 
 }  // namespace
