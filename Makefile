@@ -159,7 +159,8 @@ fuzz: deps
 	  mkdir -p $(FUZZ_DIR)/corpus/$$f $(FUZZ_DIR)/artifacts/$$f; \
 	  echo "== $$f: $(FUZZ_SECONDS) s, log in $(FUZZ_DIR)/$$f.log"; \
 	  nice -n 19 $(FUZZ_DIR)/fuzz/$${f}_fuzzer -max_total_time=$(FUZZ_SECONDS) -timeout=60 \
-	    -close_fd_mask=3 -dict=fuzz/$$f.dict -print_final_stats=1 -artifact_prefix=$(FUZZ_DIR)/artifacts/$$f/ \
+	    -report_slow_units=60 -close_fd_mask=3 -dict=fuzz/$$f.dict -print_final_stats=1 \
+	    -artifact_prefix=$(FUZZ_DIR)/artifacts/$$f/ \
 	    $(FUZZ_DIR)/corpus/$$f $(FUZZ_DIR)/seeds/$$f > $(FUZZ_DIR)/$$f.log 2>&1 || status=1; \
 	  grep -h 'stat::number_of_executed_units' $(FUZZ_DIR)/$$f.log | sed "s/^/   $$f /"; \
 	  grep -h -A3 '^==.*ERROR\|^SUMMARY\|Test unit written' $(FUZZ_DIR)/$$f.log || true; \
