@@ -14,6 +14,8 @@
 #   make install        install into PREFIX (default /usr/local)
 #   make bench-python   the cost of a call from Python: key frames added from C++
 #                       and from the Python module
+#   make fuzz           build the libFuzzer harnesses of the project reader and the
+#                       screen metadata reader with clang, run each FUZZ_SECONDS (300)
 
 JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
 BUILD     ?= build
@@ -29,15 +31,19 @@ PACKAGES := g++ make cmake pkg-config \
 	libgtest-dev libgmock-dev libbenchmark-dev \
 	pybind11-dev python3-dev python3-pytest
 
+# Only `make fuzz` needs these.
+FUZZ_PACKAGES := clang-14 libclang-rt-14-dev
+
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps build demo test test-sanitize test-asan test-tsan soak bench bench-python consumer install clean
+.PHONY: all deps build demo test test-sanitize test-asan test-tsan soak bench bench-python consumer install fuzz clean
 
 all: build
 
-deps:
+# Installs those of the packages $(1) that are missing.
+define install-missing
 	@missing=""; \
-	for p in $(PACKAGES); do \
+	for p in $(1); do \
 	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
 	done; \
 	if [ -n "$$missing" ]; then \
@@ -45,6 +51,10 @@ deps:
 	  $(SUDO) apt-get update -qq && \
 	  DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq --no-install-recommends $$missing; \
 	fi
+endef
+
+deps:
+	$(call install-missing,$(PACKAGES))
 
 $(BUILD)/CMakeCache.txt: | deps
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVMEDIALIB_WERROR=ON $(CMAKE_ARGS)
@@ -62,6 +72,9 @@ demo: deps $(BUILD)/CMakeCache.txt
 	$(ORV) sample $(DEMO)
 	@# The file is summarised even when a check of the zoom failed; the
 	@# demo fails with it all the same.
+	@# The library's own messages (a range it drops) are silenced; sanitizer
+	@# reports still reach the log. The time limit of an input is wall time: at
+	@# the lowest priority on a busy machine an input of 0.5 s CPU can take 10 s.
 	@status=0; \
 	  $(ORV) zoom $(DEMO)/sample.vdpak -o $(DEMO)/sample.orvproj --svg $(DEMO)/zoom.svg || status=$$?; \
 	  $(ORV) info $(DEMO)/sample.orvproj || status=$$?; \
@@ -128,5 +141,37 @@ consumer: build
 install: build
 	cmake --install $(BUILD) --prefix $(abspath $(PREFIX))
 
+# Each fuzzer runs FUZZ_SECONDS on one core at the lowest priority. Its corpus
+# stays in $(FUZZ_DIR)/corpus/<name>, so that runs build on each other; the
+# seeds (projects written by the library, metadata files) are written afresh
+# each time. An input that fails lands in $(FUZZ_DIR)/artifacts/<name>/.
+FUZZ_DIR     ?= build-fuzz
+FUZZ_SECONDS ?= 300
+FUZZERS      := project_reader screen_metadata
+fuzz: deps
+	$(call install-missing,$(FUZZ_PACKAGES))
+	cmake -S . -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++-14 \
+	  -DORVMEDIALIB_FUZZ=ON -DORVMEDIALIB_WERROR=ON -DBUILD_SHARED_LIBS=OFF \
+	  -DORVMEDIALIB_BUILD_TESTS=OFF -DORVMEDIALIB_BUILD_BENCHMARKS=OFF -DORVMEDIALIB_INSTALL=OFF \
+	  -DORVMEDIALIB_PYTHON=OFF $(CMAKE_ARGS)
+	cmake --build $(FUZZ_DIR) -j $(JOBS) --target $(FUZZERS:%=%_fuzzer) fuzz_seeds
+	$(FUZZ_DIR)/fuzz/fuzz_seeds tests/data $(FUZZ_DIR)/seeds/project_reader \
+	  $(FUZZ_DIR)/seeds/screen_metadata
+	@# The library's own messages (a range it drops) are silenced; sanitizer
+	@# reports still reach the log. The time limit of an input is wall time: at
+	@# the lowest priority on a busy machine an input of 0.5 s CPU can take 10 s.
+	@status=0; \
+	for f in $(FUZZERS); do \
+	  mkdir -p $(FUZZ_DIR)/corpus/$$f $(FUZZ_DIR)/artifacts/$$f; \
+	  echo "== $$f: $(FUZZ_SECONDS) s, log in $(FUZZ_DIR)/$$f.log"; \
+	  nice -n 19 $(FUZZ_DIR)/fuzz/$${f}_fuzzer -max_total_time=$(FUZZ_SECONDS) -timeout=60 \
+	    -report_slow_units=60 -close_fd_mask=3 -dict=fuzz/$$f.dict -print_final_stats=1 \
+	    -artifact_prefix=$(FUZZ_DIR)/artifacts/$$f/ \
+	    $(FUZZ_DIR)/corpus/$$f $(FUZZ_DIR)/seeds/$$f > $(FUZZ_DIR)/$$f.log 2>&1 || status=1; \
+	  grep -h 'stat::number_of_executed_units' $(FUZZ_DIR)/$$f.log | sed "s/^/   $$f /"; \
+	  grep -h -A3 '^==.*ERROR\|^SUMMARY\|Test unit written' $(FUZZ_DIR)/$$f.log || true; \
+	done; \
+	exit $$status
+
 clean:
-	rm -rf $(BUILD) $(ASAN_DIR) $(TSAN_DIR)
+	rm -rf $(BUILD) $(ASAN_DIR) $(TSAN_DIR) $(FUZZ_DIR)

@@ -101,6 +101,14 @@ boost::shared_ptr<Parameter<T>> readFile(const std::string& fileName, const std:
                                          const char* name, const T& defaultValue,
                                          const EditRate& rate, const char* form, Parse parse,
                                          bool& anyRecord) {
+  // A device or a pipe opens like a file but may never end (a project that
+  // names /dev/zero would fill the memory with one line) or never answer.
+  boost::system::error_code error;
+  const boost::filesystem::file_status status = boost::filesystem::status(path, error);
+  if (boost::filesystem::exists(status) && !boost::filesystem::is_regular_file(status)) {
+    throw KelMediaLibException("screen metadata: \"" + fileName + "\" isn't a regular file (" +
+                               name + ")");
+  }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
     throw KelMediaLibException("screen metadata: can't read the file \"" + fileName + "\" (" +

@@ -65,7 +65,8 @@ class ScreenMetaData : public KelObject, public XMLable {
   virtual boost::shared_ptr<const Parameter<std::vector<Rect<float>>>> dirtyRectsParam() const;
 
   /// Each reads its parameter from a file. Throws `KelMediaLibException`
-  /// naming the file when it can't be read, naming it and the line number
+  /// naming the file when it can't be read or isn't a regular file (a device,
+  /// a pipe, a folder), naming it and the line number
   /// (from 1) at a malformed line, and when the project's edit rate is gone.
   void setFrontWindowFile(const std::string& fileName);
   void setCursorLocationFile(const std::string& fileName);

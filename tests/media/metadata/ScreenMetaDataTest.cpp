@@ -14,6 +14,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 
 using namespace KelMediaLib;
 
@@ -141,6 +142,30 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
   EXPECT_TRUE(metaData->parameterFiles().empty());
   EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
   EXPECT_THROW(metaData->setCursorActionFile("missing.dat"), KelMediaLibException);
+}
+
+// A device may never end and a pipe never answer: only regular files are
+// read, and a refusal changes nothing.
+TEST_F(ScreenMetaDataTest, RefusesWhatIsNotARegularFile) {
+  typedef void (ScreenMetaData::*Setter)(const std::string&);
+  const std::pair<Setter, std::string> cases[] = {
+      {&ScreenMetaData::setCursorActionFile, "/dev/zero"},
+      {&ScreenMetaData::setFrontWindowFile, "/dev/null"},
+      {&ScreenMetaData::setDirtyRectsFile, folder},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.second);
+    try {
+      (metaData.get()->*c.first)(c.second);
+      ADD_FAILURE() << "read";
+    } catch (const KelMediaLibException& e) {
+      EXPECT_NE(std::string::npos,
+                std::string(e.what()).find("\"" + c.second + "\" isn't a regular file"))
+          << e.what();
+    }
+  }
+  EXPECT_TRUE(metaData->parameterFiles().empty());
+  EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
 }
 
 }  // namespace

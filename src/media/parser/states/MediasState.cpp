@@ -22,6 +22,8 @@
 #include "values/SetAttributeValueCmd.h"
 
 #include <cstring>
+#include <limits>
+#include <string>
 #include <sstream>
 
 namespace KelMediaLib {
@@ -40,6 +42,10 @@ void assertParentless(const boost::shared_ptr<Media>& media) {
 // The sum of start trims of the file, replayed as an end trim and a start
 // trim: the length stays, and the media's sum of start trims is the file's.
 void replayTrims(const boost::shared_ptr<Media>& media, long long trimStartSum) {
+  // The one sum whose opposite has no value; no media could be trimmed by it.
+  if (trimStartSum == std::numeric_limits<long long>::min()) {
+    throw ParserException("trimStartSum " + std::to_string(trimStartSum) + " out of range", 0, 0);
+  }
   assertParentless(media);
   media->trimEnd(-trimStartSum);
   assertParentless(media);

@@ -1,5 +1,6 @@
 #include "media/parser/states/SourceState.h"
 
+#include "core/ParserException.h"
 #include "media/commands/LoadSourceCmd.h"
 #include "media/parser/AttributeCast.h"
 #include "media/parser/NullState.h"
@@ -13,21 +14,30 @@
 #include <boost/date_time/posix_time/posix_time.hpp>
 #include <boost/date_time/time_parsing.hpp>
 #include <boost/filesystem.hpp>
+#include <boost/lexical_cast/bad_lexical_cast.hpp>
 
 #include <cstring>
+#include <stdexcept>
 
 namespace KelMediaLib {
 
 namespace {
 
-// "YYYYMMDDThhmmss", UTC.
+// "YYYYMMDDThhmmss", UTC. Boost reports a date that doesn't exist, or a text
+// too short for its fields, with exceptions of its own; the file's fault is
+// a ParserException like any other.
 boost::posix_time::ptime parseStamp(const std::string& stamp) {
   const std::string::size_type t = stamp.find('T');
   const std::string date = t == std::string::npos ? stamp : stamp.substr(0, t);
   const std::string time = t == std::string::npos ? stamp : stamp.substr(t + 1);
-  return boost::posix_time::ptime(
-      boost::date_time::parse_undelimited_date<boost::gregorian::date>(date),
-      boost::date_time::parse_undelimited_time_duration<boost::posix_time::time_duration>(time));
+  try {
+    return boost::posix_time::ptime(
+        boost::date_time::parse_undelimited_date<boost::gregorian::date>(date),
+        boost::date_time::parse_undelimited_time_duration<boost::posix_time::time_duration>(time));
+  } catch (const std::out_of_range&) {
+  } catch (const boost::bad_lexical_cast&) {
+  }
+  throw ParserException("Source lastMod \"" + stamp + "\" isn't a time YYYYMMDDThhmmss", 0, 0);
 }
 
 }  // namespace
