@@ -65,16 +65,25 @@ const char* sideName(EdgeSide side) {
 // The command runs its undo or redo, then the journal puts back exactly what
 // it holds. When the journal holds the whole edit, a failure of the
 // command's own replay loses nothing: the journal restores every object it
-// touched.
+// touched. Such a replay is journaled as well and taken back before the
+// journal restores: objects note only the parts an edit changes (the places
+// of a parameter), so the journal must find them as the edit left them.
 void replay(Command& command, CommandHandler* handler, const EditJournal* journal,
             bool (Command::*step)(CommandHandler*)) {
-  const EditJournal::Scope suspended(nullptr);
-  try {
-    (command.*step)(handler);
-  } catch (...) {
-    if (!journal || journal->hasUnjournaledEdits()) {
-      throw;
+  const bool whole = journal && !journal->hasUnjournaledEdits();
+  EditJournal replayed;
+  {
+    const EditJournal::Scope scope(whole ? &replayed : nullptr);
+    try {
+      (command.*step)(handler);
+    } catch (...) {
+      if (!whole) {
+        throw;
+      }
     }
+  }
+  if (whole) {
+    replayed.restoreBefore();
   }
 }
 
