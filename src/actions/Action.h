@@ -13,6 +13,7 @@
 
 namespace KelMediaLib {
 class Media;
+class ParameterInterface;
 class Parametric;
 template <class T>
 class Parameter;
@@ -71,6 +72,11 @@ class Action : public KelMediaLib::Subject,
   /// A new action of the same kind sharing this one's ranges; the caller owns it.
   Action* clone() const override = 0;
   virtual int numParameterRanges() const = 0;
+  /// Whether a range of the action on `parameter` meets [left, right] (key
+  /// frame time, both ends included). Copies nothing: the project asks it of
+  /// every action of a media on each edit.
+  virtual bool hasParameterRangeMeeting(const KelMediaLib::ParameterInterface* parameter,
+                                        long long left, long long right) const = 0;
   /// Stores the action's own range (which `timeRange()` shows only while
   /// there are no ranges) and notifies the observers in any case.
   virtual void setTimeRange(const KelMediaLib::Range<long long>& timeRange) = 0;

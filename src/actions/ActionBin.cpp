@@ -12,6 +12,8 @@
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -64,8 +66,8 @@ boost::shared_ptr<ActionBin> ActionBin::create() {
 
 // The enforcer and its watches die with the bin, so they may hold it by address.
 ActionBin::ActionBin()
-    : enforcer_(CollisionEnforcer::create(
-          [this](boost::shared_ptr<const Media> media) { return mediasActions(media); })) {}
+    : enforcer_(
+          CollisionEnforcer::create([this](const Media* media) { return heldActions(media); })) {}
 
 ActionBin::~ActionBin() {
   enforcer_.reset();
@@ -78,28 +80,158 @@ ActionBin::~ActionBin() {
   }
 }
 
-ActionBin::JournalState ActionBin::journalState() const {
-  JournalState state;
-  state.actions.assign(actions_.begin(), actions_.end());
-  return state;
-}
+class ActionBin::JournalEntry : public KelMediaLib::EditJournal::Entry {
+ public:
+  struct Part {
+    boost::shared_ptr<const Media> media;
+    boost::shared_ptr<const Action> action;
+  };
 
-void ActionBin::restoreJournalState(const JournalState& state) {
-  for (const auto& entry : actions_) {
-    enforcer_->removeMedia(entry.first);
-  }
-  actions_ = ActionMap(state.actions.begin(), state.actions.end());
-  for (const auto& entry : actions_) {
-    for (const auto& action : entry.second) {
-      enforcer_->addAction(entry.first, action);
+  explicit JournalEntry(const boost::shared_ptr<ActionBin>& bin) : bin_(bin) {}
+
+  void notePart(const Part& part) {
+    if (noted_.count(part.action.get()) == 0) {
+      frames_.push_back(Frame{part.action, originalPlace(part.action), Place()});
+      noted_.insert(part.action.get());
     }
   }
+  void captureAfter() override {
+    for (Frame& frame : frames_) {
+      frame.after = place(frame.action);
+    }
+  }
+  void restoreBefore() override { restore(&Frame::before); }
+  void restoreAfter() override { restore(&Frame::after); }
+
+ private:
+  struct Place {
+    boost::shared_ptr<const Media> media;  // null: not in the bin
+    ActionList::size_type index = 0;
+  };
+  struct Frame {
+    boost::shared_ptr<const Action> action;
+    Place before;
+    Place after;
+  };
+
+  Place place(const boost::shared_ptr<const Action>& action) const {
+    Place at;
+    const boost::shared_ptr<ActionBin> bin = bin_.lock();
+    if (!bin) {
+      return at;
+    }
+    const auto media = bin->mediaOfAction_.find(action.get());
+    if (media != bin->mediaOfAction_.end()) {
+      const ActionList& list = bin->actions_.find(media->second)->second;
+      at.media = media->second;
+      at.index = static_cast<ActionList::size_type>(
+          std::distance(list.begin(), std::find(list.begin(), list.end(), action)));
+    }
+    return at;
+  }
+
+  // Where the action stood before the edit. The actions noted earlier may
+  // have moved already; the others stand as they stood. The action's index
+  // among those others, stepped over the earlier noted ones' first places,
+  // is its first place.
+  Place originalPlace(const boost::shared_ptr<const Action>& action) const {
+    Place at = place(action);
+    if (!at.media) {
+      return at;
+    }
+    const boost::shared_ptr<ActionBin> bin = bin_.lock();
+    const ActionList& list = bin->actions_.find(at.media)->second;
+    ActionList::size_type index = 0;
+    for (const auto& held : list) {
+      if (held == action) {
+        break;
+      }
+      if (noted_.count(held.get()) == 0) {
+        ++index;
+      }
+    }
+    std::vector<ActionList::size_type> earlier;
+    for (const Frame& frame : frames_) {
+      if (frame.before.media == at.media) {
+        earlier.push_back(frame.before.index);
+      }
+    }
+    std::sort(earlier.begin(), earlier.end());
+    for (const ActionList::size_type taken : earlier) {
+      if (taken <= index) {
+        ++index;
+      }
+    }
+    at.index = index;
+    return at;
+  }
+
+  // The noted actions all come out; the others keep their order, so putting
+  // the noted ones back by rising index gives each list exactly as it was.
+  void restore(Place Frame::*which) const {
+    const boost::shared_ptr<ActionBin> bin = bin_.lock();
+    if (!bin) {
+      return;
+    }
+    std::vector<const Frame*> back;
+    for (const Frame& frame : frames_) {
+      const auto held = bin->mediaOfAction_.find(frame.action.get());
+      if (held != bin->mediaOfAction_.end()) {
+        bin->takeOut(boost::shared_ptr<const Media>(held->second), frame.action.get());
+      }
+      if ((frame.*which).media) {
+        back.push_back(&frame);
+      }
+    }
+    std::sort(back.begin(), back.end(), [which](const Frame* a, const Frame* b) {
+      return (a->*which).index < (b->*which).index;
+    });
+    for (const Frame* frame : back) {
+      bin->insertAt((frame->*which).media, (frame->*which).index, frame->action);
+    }
+  }
+
+  boost::weak_ptr<ActionBin> bin_;
+  std::unordered_set<const Action*> noted_;
+  std::vector<Frame> frames_;
+};
+
+void ActionBin::journalEdit(const boost::shared_ptr<const Media>& media,
+                            const boost::shared_ptr<const Action>& action) {
+  if (KelMediaLib::EditJournal::current()) {
+    KelMediaLib::EditJournal::notePart<JournalEntry>(weak_from_this().lock(),
+                                                     JournalEntry::Part{media, action});
+  }
 }
 
-void ActionBin::journalEdit() {
-  if (KelMediaLib::EditJournal::current()) {
-    KelMediaLib::EditJournal::note(weak_from_this().lock());
+void ActionBin::insertAt(const boost::shared_ptr<const Media>& media, ActionList::size_type index,
+                         const boost::shared_ptr<const Action>& action) {
+  ActionList& list = actions_[media];
+  list.insert(std::next(list.begin(), static_cast<std::ptrdiff_t>(std::min(index, list.size()))),
+              action);
+  mediaOfAction_[action.get()] = media;
+  enforcer_->addAction(media, action);
+}
+
+bool ActionBin::takeOut(const boost::shared_ptr<const Media>& media, const Action* action) {
+  const auto entry = actions_.find(media);
+  if (entry == actions_.end()) {
+    return false;
   }
+  ActionList& list = entry->second;
+  const auto found = std::find_if(list.begin(), list.end(),
+                                  [action](const auto& held) { return held.get() == action; });
+  if (found == list.end()) {
+    return false;
+  }
+  const boost::shared_ptr<const Action> held = *found;
+  list.erase(found);
+  if (list.empty()) {
+    actions_.erase(entry);
+  }
+  mediaOfAction_.erase(action);
+  enforcer_->removeAction(held);
+  return true;
 }
 
 void ActionBin::addAction(boost::shared_ptr<const Media> media,
@@ -107,49 +239,43 @@ void ActionBin::addAction(boost::shared_ptr<const Media> media,
   if (!media || !action) {
     throw OrvException("unable to add action without a media and an action");
   }
-  journalEdit();
+  journalEdit(media, action);
   const auto found = actions_.find(media);
-  if (found == actions_.end()) {
-    actions_.emplace(media, ActionList(1, action));
-  } else {
-    ActionList& list = found->second;
+  ActionList::size_type index = 0;
+  if (found != actions_.end()) {
+    const ActionList& list = found->second;
     const Range<long long> range = action->timeRange();
     for (const auto& held : list) {
       if (actionsOverlap(held->timeRange(), range)) {
         throw OrvException("unable to add action, it collides with another existing action");
       }
     }
-    const auto after = std::find_if(list.begin(), list.end(), [&range](const auto& held) {
-      return held->timeRange().start > range.start;
-    });
-    list.insert(after, action);
+    index = static_cast<ActionList::size_type>(std::distance(
+        list.begin(), std::find_if(list.begin(), list.end(), [&range](const auto& held) {
+          return held->timeRange().start > range.start;
+        })));
   }
-  enforcer_->addAction(media, action);
+  insertAt(media, index, action);
   notifyMedia(media);
 }
 
 void ActionBin::removeAction(boost::shared_ptr<const Action> action) {
-  for (auto entry = actions_.begin(); entry != actions_.end(); ++entry) {
-    ActionList& list = entry->second;
-    const auto found = std::find_if(list.begin(), list.end(), [&action](const auto& held) {
-      return held.get() == action.get();
-    });
-    if (found == list.end()) {
-      continue;
-    }
-    journalEdit();
-    const boost::shared_ptr<const Media> media = entry->first;
-    list.erase(found);
-    // Observers hear of it while the media's entry is still there.
-    notifyMedia(media);
-    const auto emptied = actions_.find(media);
-    if (emptied != actions_.end() && emptied->second.empty()) {
-      actions_.erase(emptied);
-    }
-    enforcer_->removeAction(action);
-    return;
+  const auto held = action ? mediaOfAction_.find(action.get()) : mediaOfAction_.end();
+  if (held == mediaOfAction_.end()) {
+    throw OrvException("attempting to remove an action that isn't in the action bin");
   }
-  throw OrvException("attempting to remove an action that isn't in the action bin");
+  const boost::shared_ptr<const Media> media = held->second;
+  journalEdit(media, action);
+  ActionList& list = actions_.find(media)->second;
+  list.erase(std::find(list.begin(), list.end(), action));
+  // Observers hear of it while the media's entry is still there.
+  notifyMedia(media);
+  const auto emptied = actions_.find(media);
+  if (emptied != actions_.end() && emptied->second.empty()) {
+    actions_.erase(emptied);
+  }
+  mediaOfAction_.erase(action.get());
+  enforcer_->removeAction(action);
 }
 
 void ActionBin::removeMedia(boost::shared_ptr<const Media> media) {
@@ -157,8 +283,13 @@ void ActionBin::removeMedia(boost::shared_ptr<const Media> media) {
   if (found == actions_.end()) {
     throw OrvException("attempting to remove a media that isn't in the action bin");
   }
-  journalEdit();
+  for (const auto& action : found->second) {
+    journalEdit(media, action);
+  }
   enforcer_->removeMedia(media);
+  for (const auto& action : found->second) {
+    mediaOfAction_.erase(action.get());
+  }
   actions_.erase(found);
   notifyMedia(media);
 }
@@ -176,14 +307,7 @@ unsigned int ActionBin::numActions() const {
 }
 
 bool ActionBin::containsAction(boost::shared_ptr<const Action> action) const {
-  for (const auto& entry : actions_) {
-    for (const auto& held : entry.second) {
-      if (held.get() == action.get()) {
-        return true;
-      }
-    }
-  }
-  return false;
+  return mediaOfAction_.count(action.get()) != 0;
 }
 
 boost::shared_ptr<ActionList> ActionBin::mediasActions(boost::shared_ptr<const Media> media) const {
@@ -194,6 +318,11 @@ boost::shared_ptr<ActionList> ActionBin::mediasActions(const Media* media) const
   const auto found = actions_.find(media);
   return found == actions_.end() ? boost::make_shared<ActionList>()
                                  : boost::make_shared<ActionList>(found->second);
+}
+
+const ActionList* ActionBin::heldActions(const Media* media) const {
+  const auto found = actions_.find(media);
+  return found == actions_.end() ? nullptr : &found->second;
 }
 
 ActionBin::ActionMap::const_iterator ActionBin::findParametric(const Parametric* parametric) const {

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <map>
+#include <unordered_map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -73,6 +74,9 @@ class ActionBin : public KelMediaLib::KelObject,
       boost::shared_ptr<const KelMediaLib::Media> media) const;
   /// The same for a media known by address.
   boost::shared_ptr<ActionList> mediasActions(const KelMediaLib::Media* media) const;
+  /// The media's list itself, for scans that copy nothing; null if the media
+  /// has no action here. Valid until the bin changes.
+  const ActionList* heldActions(const KelMediaLib::Media* media) const;
   /// The actions of `parametric` if it is a media with actions here, else
   /// those of the first media (in the bin's order) that holds it as an
   /// effect, whatever the actions animate; null if there is no such media.
@@ -98,13 +102,10 @@ class ActionBin : public KelMediaLib::KelObject,
   /// Stops telling `observer` of any media.
   void mediaDetach(KelMediaLib::Observer* observer) const;
 
-  /// The actions of each media, for `EditJournal`.
-  struct JournalState {
-    std::vector<std::pair<boost::shared_ptr<const KelMediaLib::Media>, ActionList>> actions;
-  };
-  JournalState journalState() const;
-  /// Puts the lists back and has the enforcer watch exactly their actions.
-  void restoreJournalState(const JournalState& state);
+  /// The journal entry of a bin: where each action an edit added or removed
+  /// stood (its media and its place in the list), before and after. A bin of
+  /// many actions costs an edit only the actions it touched.
+  class JournalEntry;
 
   void xmlName(Options& options) const override;
   /// `id=".."`: the file requires one on every bin though no reader uses it;
@@ -132,11 +133,21 @@ class ActionBin : public KelMediaLib::KelObject,
 
   ActionBin();
   void notifyMedia(const boost::shared_ptr<const KelMediaLib::Media>& media) const;
-  void journalEdit();
+  /// Notes `action` of `media` in the open journal before a change of its place.
+  void journalEdit(const boost::shared_ptr<const KelMediaLib::Media>& media,
+                   const boost::shared_ptr<const Action>& action);
+  /// Puts `action` in the media's list at `index`, and watches it.
+  void insertAt(const boost::shared_ptr<const KelMediaLib::Media>& media,
+                ActionList::size_type index, const boost::shared_ptr<const Action>& action);
+  /// Takes `action` out of the media's list (which goes when it empties),
+  /// and stops watching it; returns false if the list doesn't hold it.
+  bool takeOut(const boost::shared_ptr<const KelMediaLib::Media>& media, const Action* action);
   /// The entry of the media that holds `parametric` (itself, or as an effect).
   ActionMap::const_iterator findParametric(const KelMediaLib::Parametric* parametric) const;
 
   ActionMap actions_;
+  // The media of each held action.
+  std::unordered_map<const Action*, boost::shared_ptr<const KelMediaLib::Media>> mediaOfAction_;
   mutable SubjectMap mediaSubjects_;
   std::unique_ptr<CollisionEnforcer> enforcer_;
 };

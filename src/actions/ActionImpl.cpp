@@ -172,6 +172,17 @@ bool ActionImpl::hasParameterRangeForParameterAndTimeRange(
   return false;
 }
 
+bool ActionImpl::hasParameterRangeMeeting(const KelMediaLib::ParameterInterface* parameter,
+                                          long long left, long long right) const {
+  for (const auto& range : parameterRanges_) {
+    if (range->parameter().get() == parameter && range->leftTime() <= right &&
+        left <= range->rightTime()) {
+      return true;
+    }
+  }
+  return false;
+}
+
 void ActionImpl::parameterRangeUpdate() {
   notify();
 }

@@ -36,6 +36,8 @@ class ActionImpl : public KelMediaLib::KelObject, public Action {
   bool hasParameterRangeForParameterAndTimeRange(
       boost::shared_ptr<const KelMediaLib::Parameter<double>> parameter,
       KelMediaLib::Range<long long> timeRange) const override;
+  bool hasParameterRangeMeeting(const KelMediaLib::ParameterInterface* parameter, long long left,
+                                long long right) const override;
   /// Called by the relay when one of the ranges has changed: notifies.
   virtual void parameterRangeUpdate();
   int numParameterRanges() const override;

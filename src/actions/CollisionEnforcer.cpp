@@ -34,7 +34,10 @@ class SubEnforcer : public Observer {
       : mediasActions_(mediasActions), media_(media), action_(action) {}
 
   void observerUpdate() override {
-    const boost::shared_ptr<ActionList> actions = mediasActions_(media_);
+    const ActionList* actions = mediasActions_(media_.get());
+    if (!actions) {
+      return;
+    }
     for (const auto& other : *actions) {
       if (other.get() != action_.get()) {
         checkCollision(*other, *action_);

@@ -24,10 +24,10 @@ namespace OrvMediaLib {
 /// that caused it stays. Owned by its bin.
 class CollisionEnforcer {
  public:
-  /// How the current actions of a media are read.
-  typedef boost::function<boost::shared_ptr<ActionList>(
-      boost::shared_ptr<const KelMediaLib::Media>)>
-      MediasActionsFunction;
+  /// How the current actions of a media are read: the list itself, not a
+  /// copy (a check runs on every change of a watched action); null if the
+  /// media has none.
+  typedef boost::function<const ActionList*(const KelMediaLib::Media*)> MediasActionsFunction;
 
   /// A new enforcer watching nothing; the caller owns it.
   static CollisionEnforcer* create(const MediasActionsFunction& mediasActions);

@@ -11,6 +11,7 @@
 
 #include <boost/pointer_cast.hpp>
 
+#include <cmath>
 #include <limits>
 #include <ostream>
 #include <utility>
@@ -26,10 +27,13 @@ namespace {
 const long long kNoPreviousKeyFrame = std::numeric_limits<long long>::min();
 const long long kNoNextKeyFrame = std::numeric_limits<long long>::max();
 
-// Key frames shared with a parameter are written in place: going through the
-// parameter would notify every range of it again from inside this update.
-void writeInPlace(const boost::shared_ptr<const KeyFrame<double>>& keyFrame, double value) {
+void setValue(const boost::shared_ptr<const KeyFrame<double>>& keyFrame, double value) {
   boost::const_pointer_cast<KeyFrame<double>>(keyFrame)->setValue(value);
+}
+
+// Equal, NaN included: a NaN handed on must not be handed back and forth.
+bool sameValue(double a, double b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
 }
 
 }  // namespace
@@ -49,7 +53,7 @@ ParameterRange::ParameterRange(boost::shared_ptr<const KelMediaLib::Parametric> 
   if (!parametric_ || !parameter_ || !leftKeyframe_ || !rightKeyframe_) {
     throw OrvException("a parameter range needs a parametric, a parameter and two key frames");
   }
-  parameter_->attach(this);
+  attachToKeyFrames();
   timeRange_ = timeRange();
   leftValue_ = leftKeyframe_->value();
   rightValue_ = rightKeyframe_->value();
@@ -69,11 +73,21 @@ ParameterRange::ParameterRange(const ParameterRange& other)
       leftValue_(other.leftValue_),
       rightValue_(other.rightValue_),
       interpolater_(other.interpolater_) {
-  parameter_->attach(this);
+  attachToKeyFrames();
 }
 
 ParameterRange::~ParameterRange() {
   parameter_->detach(this);
+  leftKeyframe_->detachHolder(this);
+  rightKeyframe_->detachHolder(this);
+}
+
+// The parameter tells a range only of the changes at or just before its key
+// frames, which are all that its update reads.
+void ParameterRange::attachToKeyFrames() {
+  parameter_->attachConcerned(this);
+  leftKeyframe_->attachHolder(this);
+  rightKeyframe_->attachHolder(this);
 }
 
 ParameterRange::JournalState ParameterRange::journalState() const {
@@ -96,7 +110,29 @@ void ParameterRange::restoreJournalState(const JournalState& state) {
 void ParameterRange::journalEdit() {
   if (KelMediaLib::EditJournal::current()) {
     KelMediaLib::EditJournal::note(weak_from_this().lock());
-    parameter_->journalEdit();
+  }
+}
+
+// A key frame of the parameter is written in place: going through the
+// parameter would tell its observers of a change again from inside this
+// update. The ranges that hold it or stand after it read it when they next
+// update: in this notification if they are still to come, else in the next.
+void ParameterRange::writeInPlace(const boost::shared_ptr<const KeyFrameType>& keyFrame,
+                                  double value) {
+  if (sameValue(keyFrame->value(), value)) {
+    return;
+  }
+  if (keyFrame == leftKeyframe_ || keyFrame == rightKeyframe_) {
+    journalEdit();
+  }
+  const long long time = keyFrame->time();
+  const bool inParameter = parameter_->keyFrame(time) == keyFrame;
+  if (inParameter) {
+    parameter_->journalKeyFrame(time);
+  }
+  setValue(keyFrame, value);
+  if (inParameter) {
+    parameter_->askNextAround(time);
   }
 }
 
@@ -129,10 +165,10 @@ Range<long long> ParameterRange::parametricTimeRange() const {
 }
 
 void ParameterRange::observerUpdate() {
-  journalEdit();
   bool changed = false;
   const Range<long long> now = timeRange();
   if (now != timeRange_) {
+    journalEdit();
     timeRange_ = now;
     if (interpolater_) {
       updateInterpolater(now);
@@ -143,11 +179,13 @@ void ParameterRange::observerUpdate() {
     changed = true;
   }
   if (leftKeyframe_->value() != leftValue_) {
+    journalEdit();
     leftValue_ = leftKeyframe_->value();
     handToPreviousKeyFrame();
     changed = true;
   }
   if (rightKeyframe_->value() != rightValue_) {
+    journalEdit();
     rightValue_ = rightKeyframe_->value();
     handToNextKeyFrame();
     changed = true;
@@ -168,18 +206,20 @@ void ParameterRange::updateInterpolater(const Range<long long>& now) {
 // The value of a parameter holds between two ranges, so a left key frame
 // pulls the value of the key frame before it. Only while the parameter is in
 // balance (a pair per range, plus a resting key frame at 0 or not): while a
-// pair is half in or half out, the key frame before may be a stranger's.
+// pair is half in or half out, the key frame before may be a stranger's; the
+// range then asks to hear of the next change, which may restore the balance.
 bool ParameterRange::syncLeftValue() {
   const long long previous = parameter_->prevKeyFrameTime(leftTime());
   if (previous == kNoPreviousKeyFrame) {
     return false;
   }
-  const bool evenCount = parameter_->numKeyFrames() % 2 == 0;
-  if (evenCount == parameter_->hasKeyFrameAt(0)) {
-    return false;
-  }
   const double value = parameter_->valueAt(static_cast<double>(previous));
   if (value == leftKeyframe_->value()) {
+    return false;
+  }
+  const bool evenCount = parameter_->numKeyFrames() % 2 == 0;
+  if (evenCount == parameter_->hasKeyFrameAt(0)) {
+    parameter_->askNextNotification(this);
     return false;
   }
   writeInPlace(leftKeyframe_, value);
@@ -215,7 +255,7 @@ void ParameterRange::addRangesKeyframes(
   if (left->value() == right->value()) {
     const long long next = target->nextKeyFrameTime(right->time());
     if (next != kNoNextKeyFrame) {
-      writeInPlace(right, target->valueAt(static_cast<double>(next)));
+      setValue(right, target->valueAt(static_cast<double>(next)));
     }
   }
 

@@ -29,7 +29,8 @@ class Modifier;
 /// that produced the values. Times are key frame time; the stretch runs from
 /// the left key frame to the right one, both included.
 ///
-/// A range observes its parameter for all its life and keeps the key frames
+/// A range observes its parameter for all its life (told of the changes that
+/// concern its key frames: see `Parameter`) and keeps the key frames
 /// around it consistent: the left key frame carries the value of the key
 /// frame before it, and a value written on the right key frame is handed on
 /// to the key frame after it. Those values are written into the key frames in
@@ -144,8 +145,10 @@ class ParameterRange : public KelMediaLib::Subject,
   bool xmlHasBody() const override { return false; }
 
  private:
-  /// Notes the range and its parameter in the open journal before a change.
+  /// Notes the range in the open journal before a change.
   void journalEdit();
+  void attachToKeyFrames();
+  void writeInPlace(const boost::shared_ptr<const KeyFrameType>& keyFrame, double value);
   bool syncLeftValue();
   void handToPreviousKeyFrame();
   void handToNextKeyFrame();

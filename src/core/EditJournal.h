@@ -4,7 +4,7 @@
 #include <boost/weak_ptr.hpp>
 
 #include <functional>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace KelMediaLib {
@@ -72,9 +72,25 @@ class EditJournal {
   template <class Object>
   static void note(const boost::shared_ptr<Object>& object) {
     EditJournal* journal = current();
-    if (journal && object && journal->noted_.insert(object.get()).second) {
-      journal->entries_.push_back(boost::shared_ptr<Entry>(
-          new StateEntry<Object, decltype(object->journalState())>(object)));
+    if (journal && object) {
+      journal->entryFor(object.get(), [&object] {
+        return new StateEntry<Object, decltype(object->journalState())>(object);
+      });
+    }
+  }
+
+  /// Notes one part of `object` (named by `key`) before its first change in
+  /// the open journal, if there is one. For objects too large to be saved
+  /// whole on every edit: their entry, a `PartEntry` (an `Entry` with
+  /// `notePart(key)`), saves the parts named and nothing else. An object is
+  /// noted either whole or by parts, never both.
+  template <class PartEntry, class Object, class Key>
+  static void notePart(const boost::shared_ptr<Object>& object, const Key& key) {
+    EditJournal* journal = current();
+    if (journal && object) {
+      static_cast<PartEntry*>(journal->entryFor(object.get(), [&object] {
+        return new PartEntry(object);
+      }))->notePart(key);
     }
   }
 
@@ -107,8 +123,20 @@ class EditJournal {
   };
 
  private:
+  /// The entry of `key`, made by `make` when the object is first noted.
+  template <class Make>
+  Entry* entryFor(const void* key, const Make& make) {
+    Entry*& slot = noted_[key];
+    if (!slot) {
+      const boost::shared_ptr<Entry> entry(make());
+      entries_.push_back(entry);
+      slot = entry.get();
+    }
+    return slot;
+  }
+
   std::vector<boost::shared_ptr<Entry>> entries_;
-  std::unordered_set<const void*> noted_;
+  std::unordered_map<const void*, Entry*> noted_;
   bool unjournaled_;
 };
 

@@ -136,7 +136,8 @@ void throwIfNotTheActions(const Action& action, const ParameterRange& range) {
 void throwIfCollisions(const ActionBin& bin, const Action& action, long long delta) {
   Range<long long> moved = action.timeRange();
   moved.start += delta;
-  const boost::shared_ptr<ActionList> others = bin.mediasActions(mediaOf(action));
+  const ActionList* others = bin.heldActions(mediaOf(action).get());
+  if (!others) return;
   for (const boost::shared_ptr<const Action>& other : *others) {
     if (other.get() != &action && actionsOverlap(moved, other->timeRange())) {
       throw OrvException("Action collision when moving");
@@ -154,15 +155,11 @@ bool meetsAnotherRange(const std::array<const ActionBin*, 3>& bins, const Media*
                        long long right, const ActionBin* skip = nullptr) {
   for (const ActionBin* bin : bins) {
     if (bin == skip) continue;
-    const boost::shared_ptr<ActionList> actions = bin->mediasActions(media);
+    const ActionList* actions = bin->heldActions(media);
+    if (!actions) continue;
     for (const boost::shared_ptr<const Action>& other : *actions) {
-      if (other.get() == self) continue;
-      const boost::shared_ptr<ParameterRangeList> ranges = other->parameterRanges();
-      for (const boost::shared_ptr<ParameterRange>& range : *ranges) {
-        if (range->parameter().get() == parameter && range->leftTime() <= right &&
-            left <= range->rightTime()) {
-          return true;
-        }
+      if (other.get() != self && other->hasParameterRangeMeeting(parameter, left, right)) {
+        return true;
       }
     }
   }
@@ -174,7 +171,8 @@ bool meetsAnotherRange(const std::array<const ActionBin*, 3>& bins, const Media*
 void throwIfTrimCollides(const ActionBin* bin, const Action& action,
                          const Range<long long>& trimmed) {
   if (!bin) return;
-  const boost::shared_ptr<ActionList> others = bin->mediasActions(mediaOf(action));
+  const ActionList* others = bin->heldActions(mediaOf(action).get());
+  if (!others) return;
   for (const boost::shared_ptr<const Action>& other : *others) {
     if (other.get() != &action && actionsOverlap(trimmed, other->timeRange())) {
       throw OrvException("Action collision when trimming");

@@ -4,8 +4,11 @@
 #include "core/KelObject.h"
 #include "values/Interpolater.h"
 
+#include <vector>
+
 #include <boost/shared_ptr.hpp>
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -13,6 +16,7 @@
 
 namespace KelMediaLib {
 
+class Observer;
 template <class T>
 class Parameter;
 
@@ -50,7 +54,9 @@ class KeyFrame : public KelObject, public Cloneable {
   typedef T value_type;
 
   KeyFrame(long long time, const T& value) : time_(time), value_(value) {}
-  KeyFrame(const KeyFrame& other) = default;
+  /// The same time and value; the holders stay with `other`.
+  KeyFrame(const KeyFrame& other)
+      : KelObject(other), Cloneable(other), time_(other.time_), value_(other.value_) {}
 
   /// A new key frame with the same time and a copy of the value; the caller
   /// owns it.
@@ -74,12 +80,27 @@ class KeyFrame : public KelObject, public Cloneable {
   /// observers to hear of it go through the parameter).
   void setValue(const T& value) { value_ = value; }
 
+  /// The observers that hold this key frame (the ranges it bounds), in order
+  /// of attachment. A change of a parameter is told to the holders of the key
+  /// frames it concerns, not to everything that observes the parameter.
+  const std::vector<Observer*>& holders() const { return holders_; }
+  /// Adds a holder; one attached already isn't added twice.
+  void attachHolder(Observer* holder) const {
+    if (std::find(holders_.begin(), holders_.end(), holder) == holders_.end()) {
+      holders_.push_back(holder);
+    }
+  }
+  void detachHolder(Observer* holder) const {
+    holders_.erase(std::remove(holders_.begin(), holders_.end(), holder), holders_.end());
+  }
+
  private:
   friend class Parameter<T>;
   void setTime(long long time) { time_ = time; }
 
   long long time_;
   T value_;
+  mutable std::vector<Observer*> holders_;
 };
 
 }  // namespace KelMediaLib

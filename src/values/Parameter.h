@@ -3,6 +3,7 @@
 #include "core/EditJournal.h"
 #include "core/Identified.h"
 #include "core/KelMediaLibException.h"
+#include "core/Observer.h"
 #include "core/SubProject.h"
 #include "core/XMLText.h"
 #include "values/AudioPosition.h"
@@ -24,10 +25,14 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
+#include <optional>
 #include <ostream>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace KelMediaLib {
@@ -48,7 +53,11 @@ void writeXMLValue(std::ostream& out, const boost::shared_ptr<IMFile>& image);
 ///   the left; before the first and after the last it has the value of that
 ///   key frame; with no key frame at all, its default value.
 /// - Key frames are shared objects: whoever holds one sees it move and change.
-/// - Every change tells the observers once, after it is complete. An edit at a
+/// - Every change tells the observers once, after it is complete: those
+///   attached with `attach` of every change, those attached with
+///   `attachConcerned` (ranges, which hold key frames) only when the change
+///   concerns a key frame they hold: the key frame changed, added, removed or
+///   moved, or the one after it (whose left neighbour it is). An edit at a
 ///   time without a key frame, or a move onto a time that holds one, throws
 ///   `KelMediaLibException` and changes nothing.
 /// - Lookups, edits and neighbour queries cost O(log n).
@@ -136,27 +145,25 @@ class Parameter : public SubProject,
 
   /// Adds a new key frame; one that stood at `time` is replaced.
   virtual void addKeyFrame(long long time, const T& value) {
-    journalEdit();
-    keyFrames_[time] = boost::make_shared<KeyFrame<T>>(time, value);
-    this->notify();
+    journalKeyFrame(time);
+    put(time, boost::make_shared<KeyFrame<T>>(time, value));
   }
 
   /// Adds this very object at its own time, so that the caller and the
   /// parameter share it; one that stood at that time is replaced.
   virtual void addKeyFrame(KeyFramePtr keyFrame) {
     requireKeyFrame(keyFrame, "add");
-    journalEdit();
-    keyFrames_[keyFrame->time()] = boost::const_pointer_cast<KeyFrame<T>>(keyFrame);
-    this->notify();
+    journalKeyFrame(keyFrame->time());
+    put(keyFrame->time(), boost::const_pointer_cast<KeyFrame<T>>(keyFrame));
   }
 
   /// Writes the value of the key frame at `time`; returns the previous value.
   virtual T setKeyFrameValue(long long time, const T& value) {
     KeyFrame<T>& frame = existing(time, "set the value of");
-    journalEdit();
+    journalKeyFrame(time);
     T previous = frame.value();
     frame.setValue(value);
-    this->notify();
+    notifyAround({time}, {});
     return previous;
   }
 
@@ -166,10 +173,11 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(time, "remove");
     }
-    journalEdit();
-    T removed = found->second->value();
+    journalKeyFrame(time);
+    const boost::shared_ptr<KeyFrame<T>> gone = found->second;
+    T removed = gone->value();
     keyFrames_.erase(found);
-    this->notify();
+    notifyAround({time}, {gone.get()});
     return removed;
   }
 
@@ -183,10 +191,10 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(time, "replace");
     }
-    journalEdit();
+    journalKeyFrame(time);
     KeyFramePtr old = found->second;
     found->second = boost::const_pointer_cast<KeyFrame<T>>(keyFrame);
-    this->notify();
+    notifyAround({time}, {old.get()});
     return old;
   }
 
@@ -195,7 +203,8 @@ class Parameter : public SubProject,
     if (found == keyFrames_.end()) {
       throw missingKeyFrame(oldTime, "move");
     }
-    journalEdit();
+    journalKeyFrame(oldTime);
+    journalKeyFrame(newTime);
     KeyFrame<T>& frame = *found->second;
     if (oldTime == newTime) {
       frame.setTime(newTime);
@@ -207,51 +216,104 @@ class Parameter : public SubProject,
                                  ", which holds a key frame already");
     }
     frame.setTime(newTime);
-    this->notify();
+    notifyAround({oldTime, newTime}, {});
+  }
+
+  /// The journal entry of a parameter: the key frames at the places (times)
+  /// an edit touched, each object with its time and value, before and after.
+  /// A large parameter costs an edit only what the edit touched.
+  class JournalEntry : public EditJournal::Entry {
+   public:
+    explicit JournalEntry(const boost::shared_ptr<Parameter<T>>& parameter)
+        : parameter_(parameter) {}
+    void notePart(long long place) {
+      if (places_.insert(place).second) {
+        frames_.push_back(Frame{place, saved(place), Saved()});
+      }
+    }
+    void captureAfter() override {
+      for (Frame& frame : frames_) {
+        frame.after = saved(frame.place);
+      }
+    }
+    void restoreBefore() override { restore(&Frame::before); }
+    void restoreAfter() override { restore(&Frame::after); }
+
+   private:
+    struct Saved {
+      boost::shared_ptr<KeyFrame<T>> keyFrame;  // null: no key frame there
+      long long time = 0;
+      std::optional<T> value;
+    };
+    struct Frame {
+      long long place;
+      Saved before;
+      Saved after;
+    };
+    Saved saved(long long place) const {
+      Saved state;
+      if (const boost::shared_ptr<Parameter<T>> parameter = parameter_.lock()) {
+        const auto found = parameter->keyFrames_.find(place);
+        if (found != parameter->keyFrames_.end()) {
+          state.keyFrame = found->second;
+          state.time = found->second->time();
+          state.value = found->second->value();
+        }
+      }
+      return state;
+    }
+    // Places first, then the objects' times and values: an object may have
+    // stood at one noted place before and at another after.
+    void restore(Saved Frame::*which) const {
+      const boost::shared_ptr<Parameter<T>> parameter = parameter_.lock();
+      if (!parameter) {
+        return;
+      }
+      for (const Frame& frame : frames_) {
+        const Saved& state = frame.*which;
+        if (state.keyFrame) {
+          parameter->keyFrames_[frame.place] = state.keyFrame;
+        } else {
+          parameter->keyFrames_.erase(frame.place);
+        }
+      }
+      for (const Frame& frame : frames_) {
+        const Saved& state = frame.*which;
+        if (state.keyFrame) {
+          state.keyFrame->setTime(state.time);
+          state.keyFrame->setValue(*state.value);
+        }
+      }
+    }
+
+    boost::weak_ptr<Parameter<T>> parameter_;
+    std::unordered_set<long long> places_;
+    std::vector<Frame> frames_;
+  };
+
+  /// Notes the place `time` in the open `EditJournal` before a change; also
+  /// for code that writes the key frame there in place.
+  void journalKeyFrame(long long time) const {
+    if (EditJournal::current()) {
+      EditJournal::notePart<JournalEntry>(
+          boost::const_pointer_cast<Parameter<T>>(this->weak_from_this().lock()), time);
+    }
+  }
+
+  /// Has the holders of the key frame at `time` and of the one after it
+  /// told of the next change, whatever it concerns: for code that writes a
+  /// value there in place from inside a notification. Such a write notifies
+  /// nobody, but the ranges that read it see it when they next update.
+  void askNextAround(long long time) const {
+    std::vector<Observer*> concerned;
+    collectAround(concerned, time);
+    for (Observer* observer : concerned) {
+      this->askNextNotification(observer);
+    }
   }
 
   /// The companion that holds the interpolaters of an interpolating
   /// parameter; null for others.
-  /// The key frames as they stand: each object with its place, time and
-  /// value. For `EditJournal`.
-  struct JournalState {
-    struct Frame {
-      long long place;
-      boost::shared_ptr<KeyFrame<T>> keyFrame;
-      long long time;
-      T value;
-    };
-    std::vector<Frame> frames;
-  };
-  JournalState journalState() const {
-    JournalState state;
-    state.frames.reserve(keyFrames_.size());
-    for (const auto& entry : keyFrames_) {
-      state.frames.push_back({entry.first, entry.second, entry.second->time(), entry.second->value()});
-    }
-    return state;
-  }
-  /// Puts the key frames back as `state` holds them, without notifying:
-  /// the journal restores many objects and the model is whole only after
-  /// the last.
-  void restoreJournalState(const JournalState& state) {
-    KeyFrameMap restored;
-    for (const auto& frame : state.frames) {
-      frame.keyFrame->setTime(frame.time);
-      frame.keyFrame->setValue(frame.value);
-      restored.try_emplace(frame.place, frame.keyFrame);
-    }
-    keyFrames_.swap(restored);
-  }
-  /// Notes this parameter in the open `EditJournal` before a change; also
-  /// for code that writes a key frame of it in place.
-  void journalEdit() const {
-    if (!EditJournal::current()) {
-      return;
-    }
-    EditJournal::note(boost::const_pointer_cast<Parameter<T>>(this->weak_from_this().lock()));
-  }
-
   virtual boost::shared_ptr<InterpolaterParameter> interpolaterParameter() const {
     return boost::shared_ptr<InterpolaterParameter>();
   }
@@ -262,9 +324,17 @@ class Parameter : public SubProject,
       throw KelMediaLibException("parameter \"" + name() + "\": can't copy the key frames of \"" +
                                  source.name() + "\", a parameter of another type");
     }
-    journalEdit();
+    std::vector<Observer*> concerned;
+    for (const auto& entry : keyFrames_) {
+      journalKeyFrame(entry.first);
+      concerned.insert(concerned.end(), entry.second->holders().begin(),
+                       entry.second->holders().end());
+    }
+    for (const auto& entry : typed->keyFrames_) {
+      journalKeyFrame(entry.first);
+    }
     copyOwnKeyFrames(*typed);
-    this->notify();
+    this->notifyConcerned(concerned);
   }
 
   /// An iterator at the first key frame. It holds a read lock of the project
@@ -344,6 +414,43 @@ class Parameter : public SubProject,
   }
 
  private:
+  // Puts `keyFrame` at `time` and tells who it concerns, the holders of a key
+  // frame it replaces included.
+  void put(long long time, const boost::shared_ptr<KeyFrame<T>>& keyFrame) {
+    boost::shared_ptr<KeyFrame<T>>& slot = keyFrames_[time];
+    const boost::shared_ptr<KeyFrame<T>> old = slot;
+    slot = keyFrame;
+    notifyAround({time}, {old.get()});
+  }
+
+  // The holders of the key frame at `time` and of the key frame after it.
+  void collectAround(std::vector<Observer*>& concerned, long long time) const {
+    auto it = keyFrames_.lower_bound(time);
+    if (it != keyFrames_.end() && it->first == time) {
+      const std::vector<Observer*>& holders = it->second->holders();
+      concerned.insert(concerned.end(), holders.begin(), holders.end());
+      ++it;
+    }
+    if (it != keyFrames_.end()) {
+      const std::vector<Observer*>& holders = it->second->holders();
+      concerned.insert(concerned.end(), holders.begin(), holders.end());
+    }
+  }
+
+  void notifyAround(std::initializer_list<long long> times,
+                    std::initializer_list<const KeyFrame<T>*> gone) const {
+    std::vector<Observer*> concerned;
+    for (const KeyFrame<T>* keyFrame : gone) {
+      if (keyFrame) {
+        concerned.insert(concerned.end(), keyFrame->holders().begin(), keyFrame->holders().end());
+      }
+    }
+    for (const long long time : times) {
+      collectAround(concerned, time);
+    }
+    this->notifyConcerned(concerned);
+  }
+
   KeyFrame<T>& existing(long long time, const char* what) {
     const auto found = keyFrames_.find(time);
     if (found == keyFrames_.end()) {

@@ -1,5 +1,6 @@
 #include "actions/ActionBin.h"
 #include "actions/ActionBinSync.h"
+#include "core/EditJournal.h"
 #include "media/effects/GenericEffect.h"
 #include "media/timeline/Timeline.h"
 #include "media/timeline/Track.h"
@@ -137,6 +138,78 @@ TEST(ActionBinTest, SyncDropsTheActionsOfMediaThatLeftTheTimeline) {
   track->eraseMedia(leaving.get());
   sync.observerUpdate();
   EXPECT_FALSE(first->hasMedia(leaving) || second->hasMedia(leaving));
+}
+
+}  // namespace
+
+namespace {
+
+// The bin notes only the actions an edit adds or removes; undo and redo must
+// still give back each list exactly, and the watches with it.
+TEST(ActionBinTest, TheJournalGivesBackEveryListAndItsWatches) {
+  Model model;
+  const auto media = model.media();
+  const auto other = model.media();
+  std::vector<boost::shared_ptr<const Action>> held;
+  for (long long start = 0; start < 50; start += 10) {
+    held.push_back(actionAt(model, R(start, 5)));
+  }
+  const auto elsewhere = actionAt(model, R(0, 5));
+  const struct {
+    const char* edit;
+    std::function<void(ActionBin&)> run;
+  } rows[] = {
+      {"add", [&](ActionBin& bin) { bin.addAction(media, actionAt(model, R(56, 2))); }},
+      {"remove", [&](ActionBin& bin) { bin.removeAction(held[2]); }},
+      {"remove two, add one between",
+       [&](ActionBin& bin) {
+         bin.removeAction(held[0]);
+         bin.removeAction(held[3]);
+         bin.addAction(media, actionAt(model, R(32, 3)));
+       }},
+      {"remove and add back",
+       [&](ActionBin& bin) {
+         bin.removeAction(held[1]);
+         bin.addAction(media, held[1]);
+       }},
+      {"another media", [&](ActionBin& bin) { bin.removeAction(elsewhere); }},
+      {"a whole media", [&](ActionBin& bin) { bin.removeMedia(media); }},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.edit);
+    const auto bin = ActionBin::create();
+    for (const auto& action : held) {
+      bin->addAction(media, action);
+    }
+    bin->addAction(other, elsewhere);
+    const auto list = [&](const boost::shared_ptr<const Media>& of) {
+      return *bin->mediasActions(of);
+    };
+    const ActionList before = list(media);
+    EditJournal journal;
+    {
+      const EditJournal::Scope open(&journal);
+      row.run(*bin);
+    }
+    journal.seal();
+    const ActionList after = list(media);
+    const unsigned int count = bin->numActions();
+    journal.restoreBefore();
+    EXPECT_EQ(before, list(media));
+    EXPECT_EQ(ActionList{elsewhere}, list(other));
+    EXPECT_EQ(6u, bin->numActions());
+    for (const auto& action : held) {
+      EXPECT_TRUE(bin->containsAction(action));
+    }
+    // Watched again: touching a neighbour collides.
+    EXPECT_EQ("CollisionEnforcer: collision", failure([&] {
+                boost::const_pointer_cast<Action>(held[1])->setTimeRange(R(12, 10));
+              }));
+    boost::const_pointer_cast<Action>(held[1])->setTimeRange(R(10, 5));
+    journal.restoreAfter();
+    EXPECT_EQ(after, list(media));
+    EXPECT_EQ(count, bin->numActions());
+  }
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ TEST(CollisionEnforcerTest, WatchesUntilTheActionOrItsMediaIsDropped) {
   const auto second = boost::make_shared<CenterAction>(media, Range<long long>(5, 10));
   const auto listed = boost::make_shared<ActionList>(ActionList{first, second});
   std::unique_ptr<CollisionEnforcer> enforcer(
-      CollisionEnforcer::create([listed](boost::shared_ptr<const Media>) { return listed; }));
+      CollisionEnforcer::create([listed](const Media*) { return listed.get(); }));
   const auto touch = [&] { return failure([&] { first->setTimeRange(Range<long long>(0, 10)); }); };
 
   enforcer->addAction(media, first);

@@ -9,6 +9,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -154,4 +155,59 @@ TEST_F(ParameterRangeTest, TimeAxesAndXMLForm) {
       "<ParameterRange id=\"1\" parametric=\"2\" parameter=\"opacity\" left=\"100\" "
       "right=\"100\"/>\n",
       parameterTests::xmlOf(*empty));
+}
+
+// A change reaches the ranges whose key frames it concerns; a range that a
+// value handed on in place reaches hears of it as well.
+TEST_F(ParameterRangeTest, AChangeReachesTheRangesItConcernsAndTheValuesTheyHandOn) {
+  const struct {
+    const char* edit;
+    std::function<void(KelMediaLib::Parameter<double>&)> run;
+    int firstTold;
+    int secondTold;
+    std::string keyFrames;
+  } rows[] = {
+      {"first's left value", [](auto& p) { p.setKeyFrameValue(100, 2.0); }, 1, 0,
+       "100=2 200=9 400=9 500=4 "},
+      {"first's right time", [](auto& p) { p.moveKeyFrame(200, 250); }, 1, 0,
+       "100=5 250=9 400=9 500=4 "},
+      {"second's right value", [](auto& p) { p.setKeyFrameValue(500, 1.0); }, 0, 1,
+       "100=5 200=9 400=9 500=1 "},
+      {"first's right value, handed on", [](auto& p) { p.setKeyFrameValue(200, 3.0); }, 1, 1,
+       "100=5 200=3 400=3 500=4 "},
+      {"second's left value, pulled back", [](auto& p) { p.setKeyFrameValue(400, 6.0); }, 0, 1,
+       "100=5 200=9 400=9 500=4 "},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.edit);
+    opacity = KelMediaLib::InterpolatingParam<double>::create(project, "opacity", 5.0);
+    const auto first = range(100, 5.0, 200, 9.0);
+    const auto second = range(400, 9.0, 500, 4.0);
+    add(*first);
+    add(*second);
+    ASSERT_EQ("100=5 200=9 400=9 500=4 ", keyFrameText(*opacity));
+    CountingObserver firstTold, secondTold;
+    first->attach(&firstTold);
+    second->attach(&secondTold);
+    row.run(*opacity);
+    EXPECT_EQ(row.firstTold, firstTold.count);
+    EXPECT_EQ(row.secondTold, secondTold.count);
+    EXPECT_EQ(row.keyFrames, keyFrameText(*opacity));
+    first->detach(&firstTold);
+    second->detach(&secondTold);
+  }
+}
+
+// While a pair is half in, a range can't tell whose key frame stands before
+// it; it takes the value once the parameter is whole again, even when that
+// change is far from its key frames.
+TEST_F(ParameterRangeTest, ARangeLeftOutOfStepWhileAPairIsHalfInCatchesUp) {
+  const auto first = range(100, 5.0, 200, 9.0);
+  const auto second = range(400, 9.0, 500, 4.0);
+  add(*first);
+  add(*second);
+  opacity->addKeyFrame(300, 7.0);
+  EXPECT_EQ("100=5 200=9 300=7 400=9 500=4 ", keyFrameText(*opacity));
+  opacity->addKeyFrame(900, 1.0);
+  EXPECT_EQ("100=5 200=9 300=7 400=7 500=4 900=1 ", keyFrameText(*opacity));
 }

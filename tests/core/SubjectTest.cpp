@@ -152,3 +152,56 @@ TEST_F(SubjectTest, CopiesStartWithoutObservers) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(SubjectTest, ConcernedObserversHearOnlyTheNotificationsThatNameThem) {
+  ScriptedObserver stranger("stranger", log);
+  subject.attach(&c);
+  subject.attachConcerned(&a);
+  subject.attachConcerned(&b);
+  const struct {
+    const char* what;
+    std::function<void()> run;
+    Names heard;
+  } rows[] = {
+      {"notify", [&] { subject.notify(); }, {"c"}},
+      {"named twice",
+       [&] {
+         subject.notifyConcerned({&b, &a, &b});
+       },
+       {"c", "b", "a"}},
+      {"not attached", [&] { subject.notifyConcerned({&stranger}); }, {"c"}},
+      {"asked",
+       [&] {
+         subject.askNextNotification(&b);
+         subject.askNextNotification(&b);
+         subject.askNextNotification(&stranger);
+         subject.notifyConcerned({&a});
+         subject.notifyConcerned({});
+       },
+       {"c", "a", "b", "c"}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    log.clear();
+    row.run();
+    EXPECT_EQ(row.heard, log);
+  }
+  EXPECT_EQ(3u, subject.numObservers());
+}
+
+TEST_F(SubjectTest, AConcernedObserverDetachedDuringANotificationIsNotCalled) {
+  subject.attachConcerned(&a);
+  subject.attachConcerned(&b);
+  subject.askNextNotification(&b);
+  a.onUpdate = [&] { subject.detach(&b); };
+  subject.notifyConcerned({&a, &b});
+  EXPECT_EQ(Names{"a"}, log);
+  log.clear();
+  subject.notifyConcerned({&b});
+  EXPECT_TRUE(log.empty());
+  EXPECT_EQ(1u, subject.numObservers());
+}
+
+}  // namespace

@@ -68,8 +68,9 @@ const char* sideName(EdgeSide side) {
 // exact: the command's own replay runs under a scratch journal whose objects
 // are then put back as they were before it, so that nothing the replay
 // touches beyond the edit stays changed (re-adding an action moves key frames
-// that take their interpolaters along, say), and a failure of the replay
-// loses nothing.
+// that take their interpolaters along, say), a failure of the replay loses
+// nothing, and objects that note only the parts an edit changes (the places
+// of a parameter) are found as the edit left them.
 void replay(Command& command, CommandHandler* handler, const EditJournal* journal,
             bool (Command::*step)(CommandHandler*)) {
   if (!journal || journal->hasUnjournaledEdits()) {
