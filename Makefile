@@ -147,6 +147,7 @@ install: build
 # each time. An input that fails lands in $(FUZZ_DIR)/artifacts/<name>/.
 FUZZ_DIR     ?= build-fuzz
 FUZZ_SECONDS ?= 300
+FUZZ_ARGS    ?=
 FUZZERS      := project_reader screen_metadata
 fuzz: deps
 	$(call install-missing,$(FUZZ_PACKAGES))
@@ -166,7 +167,7 @@ fuzz: deps
 	  echo "== $$f: $(FUZZ_SECONDS) s, log in $(FUZZ_DIR)/$$f.log"; \
 	  nice -n 19 $(FUZZ_DIR)/fuzz/$${f}_fuzzer -max_total_time=$(FUZZ_SECONDS) -timeout=60 \
 	    -report_slow_units=60 -close_fd_mask=3 -dict=fuzz/$$f.dict -print_final_stats=1 \
-	    -artifact_prefix=$(FUZZ_DIR)/artifacts/$$f/ \
+	    -artifact_prefix=$(FUZZ_DIR)/artifacts/$$f/ $(FUZZ_ARGS) \
 	    $(FUZZ_DIR)/corpus/$$f $(FUZZ_DIR)/seeds/$$f > $(FUZZ_DIR)/$$f.log 2>&1 || status=1; \
 	  grep -h 'stat::number_of_executed_units' $(FUZZ_DIR)/$$f.log | sed "s/^/   $$f /"; \
 	  grep -h -A3 '^==.*ERROR\|^SUMMARY\|Test unit written' $(FUZZ_DIR)/$$f.log || true; \

@@ -46,6 +46,9 @@ class Subject {
   /// update unfinished until the subject is in a state it can read.
   void askNextNotification(Observer* observer) const;
 
+  /// Whether a notification of this subject is running.
+  bool notifying() const { return notifications_ != nullptr; }
+
   /// The number of observers, of both kinds.
   std::size_t numObservers() const { return observers_.size() + concerned_.size(); }
 

@@ -100,23 +100,6 @@ class InterpolatingParam : public Parameter<T> {
     return Parameter<T>::removeKeyFrame(time);
   }
 
-  /// Observers of the parameter learn of the companion's edits too: its
-  /// interpolaters change the parameter's values. Not while the parameter
-  /// itself notifies (an observer that keeps the companion in step from its
-  /// notification would be called back inside it) nor while it edits the
-  /// companion as part of its own edit, which notifies once when whole.
-  void notify() const override {
-    const bool was = notifying_;
-    notifying_ = true;
-    try {
-      Parameter<T>::notify();
-    } catch (...) {
-      notifying_ = was;
-      throw;
-    }
-    notifying_ = was;
-  }
-
   ~InterpolatingParam() override { interpolaters_->detach(&relay_); }
 
   /// `<InterpolatingParam id=".." name="..">` with the companion and the key frames.
@@ -147,8 +130,13 @@ class InterpolatingParam : public Parameter<T> {
   class CompanionRelay : public Observer {
    public:
     explicit CompanionRelay(const InterpolatingParam& owner) : owner_(owner) {}
+    // Observers of the parameter learn of the companion's edits too: its
+    // interpolaters change the parameter's values. Not while the parameter
+    // itself notifies (an observer that keeps the companion in step from its
+    // notification would be called back inside it) nor while it edits the
+    // companion as part of its own edit, which notifies once when whole.
     void observerUpdate() override {
-      if (!owner_.notifying_ && !owner_.editingCompanion_) {
+      if (!owner_.notifying() && !owner_.editingCompanion_) {
         owner_.notify();
       }
     }
@@ -175,7 +163,6 @@ class InterpolatingParam : public Parameter<T> {
 
   boost::shared_ptr<InterpolaterParameter> interpolaters_;
   CompanionRelay relay_;
-  mutable bool notifying_ = false;
   mutable bool editingCompanion_ = false;
 };
 
