@@ -390,33 +390,6 @@ TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
   }
 }
 
-TYPED_TEST(KeyFrameStoreTest, LookupsAroundEachGrowthStepThroughConstIterators) {
-  for (const int size : kSizesAroundSteps) {
-    SCOPED_TRACE(size);
-    const std::map<long long, std::string> model = modelOf(size, 2);
-    const TypeParam store = storeOf<TypeParam>(model);
-    for (long long key = -11; key <= 10 * size + 1; ++key) {
-      const auto lower = store.lower_bound(key);
-      const auto upper = store.upper_bound(key);
-      const auto lowerExpected = model.lower_bound(key);
-      const auto upperExpected = model.upper_bound(key);
-      ASSERT_EQ(lowerExpected == model.end(), lower == store.end()) << key;
-      ASSERT_EQ(upperExpected == model.end(), upper == store.end()) << key;
-      if (lower != store.end()) {
-        EXPECT_EQ(lowerExpected->first, lower->first) << key;
-        EXPECT_EQ(lowerExpected->second, lower->second) << key;
-      }
-      if (upper != store.end()) {
-        EXPECT_EQ(upperExpected->first, upper->first) << key;
-      }
-      EXPECT_EQ(model.count(key), store.count(key)) << key;
-    }
-    EXPECT_TRUE(store.find(kMax) == store.end());
-    EXPECT_TRUE(store.upper_bound(kMax) == store.end());
-    EXPECT_TRUE(store.lower_bound(kMin) == store.begin());
-  }
-}
-
 // A store's memory grows with its values, not by whole leaves: a single key
 // frame costs about its key and value, and no lone leaf is more than twice
 // the size its values need.
