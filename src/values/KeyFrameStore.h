@@ -73,7 +73,9 @@ class KeyFrameStore {
     template <bool WasConst, class = typename std::enable_if<Const && !WasConst>::type>
     Iterator(const Iterator<WasConst>& other) : leaf_(other.leaf_), slot_(other.slot_) {}
 
-    reference operator*() const { return reference{leaf_->keys[slot_], leaf_->slots[slot_].value}; }
+    reference operator*() const {
+      return reference{leaf_->keys()[slot_], leaf_->slots()[slot_].value};
+    }
     pointer operator->() const { return pointer(**this); }
 
     // The end stands one past the last value of the last leaf; every other
@@ -171,7 +173,8 @@ class KeyFrameStore {
   KeyFrameStore(const KeyFrameStore& other) : KeyFrameStore() {
     if (other.root_) {
       Leaf* previous = nullptr;
-      root_ = clone(other.root_, other.height_, previous);
+      root_ = clone(other.root_, other.height_,
+                    other.height_ == 0 ? fitting(other.size_) : LeafSlots, previous);
       last_ = previous;
       height_ = other.height_;
       size_ = other.size_;
@@ -222,7 +225,7 @@ class KeyFrameStore {
   std::pair<iterator, bool> try_emplace(long long key, Args&&... args) {
     if (!root_) {
       V value(std::forward<Args>(args)...);
-      Leaf* leaf = new Leaf;
+      Leaf* leaf = makeLeaf(1);
       put(leaf, 0, key, value);
       root_ = first_ = last_ = leaf;
       size_ = 1;
@@ -230,8 +233,8 @@ class KeyFrameStore {
     }
     Step path[kMaxHeight];
     Leaf* leaf = descend(key, path);
-    const int slot = lowerSlot(leaf->keys, key);
-    if (slot < leaf->count && leaf->keys[slot] == key) {
+    const int slot = lowerSlot(leaf, key);
+    if (slot < leaf->count && leaf->keys()[slot] == key) {
       return std::make_pair(iterator(leaf, slot), false);
     }
     V value(std::forward<Args>(args)...);
@@ -248,8 +251,8 @@ class KeyFrameStore {
     }
     Step path[kMaxHeight];
     Leaf* leaf = descend(key, path);
-    const int slot = lowerSlot(leaf->keys, key);
-    if (slot == leaf->count || leaf->keys[slot] != key) {
+    const int slot = lowerSlot(leaf, key);
+    if (slot == leaf->count || leaf->keys()[slot] != key) {
       return 0;
     }
     removeAt(leaf, slot, path);
@@ -260,7 +263,7 @@ class KeyFrameStore {
     Step path[kMaxHeight];
     // Only a leaf that runs low needs the way down, to borrow or merge.
     if (height_ > 0 && position.leaf_->count <= kLeafMin) {
-      descend(position.leaf_->keys[position.slot_], path);
+      descend(position.leaf_->keys()[position.slot_], path);
     }
     removeAt(position.leaf_, position.slot_, path);
   }
@@ -271,17 +274,17 @@ class KeyFrameStore {
   bool moveKey(iterator position, long long key) {
     Leaf* leaf = position.leaf_;
     const int slot = position.slot_;
-    const long long old = leaf->keys[slot];
+    const long long old = leaf->keys()[slot];
     // Between its neighbours in the leaf a key may go anywhere; at an end of
     // the leaf only inwards, as the bound that the parent sets there is unknown.
-    const bool afterPrevious = slot > 0 ? leaf->keys[slot - 1] < key : key >= old;
-    const bool beforeNext = slot + 1 < leaf->count ? key < leaf->keys[slot + 1] : key <= old;
+    const bool afterPrevious = slot > 0 ? leaf->keys()[slot - 1] < key : key >= old;
+    const bool beforeNext = slot + 1 < leaf->count ? key < leaf->keys()[slot + 1] : key <= old;
     if (afterPrevious && beforeNext) {
-      leaf->keys[slot] = key;
+      leaf->keys()[slot] = key;
       return true;
     }
     // Added before the old one goes, so that a failure leaves both as they were.
-    if (!try_emplace(key, leaf->slots[slot].value).second) {
+    if (!try_emplace(key, leaf->slots()[slot].value).second) {
       return false;
     }
     erase(old);
@@ -333,15 +336,49 @@ class KeyFrameStore {
     ~Slot() {}
     V value;
   };
+  // A leaf's keys, then its slots, follow it in the same block. Most
+  // parameters hold a single key frame, for which a full leaf is thirty times
+  // the size of the key and value: so a store that is one leaf starts with
+  // room for one value and doubles it as it fills, up to LeafSlots. Every
+  // leaf of a taller tree is full size, and only those are searched by blocks.
   struct Leaf : Node {
-    Leaf() : prev(nullptr), next(nullptr) {
-      std::fill(keys, keys + kLeafKeys, std::numeric_limits<long long>::max());
+    explicit Leaf(int capacity) : room(capacity < LeafSlots ? capacity : kLeafKeys) {
+      std::fill(keys(), keys() + room, std::numeric_limits<long long>::max());
     }
-    Leaf* prev;
-    Leaf* next;
-    long long keys[kLeafKeys];
-    Slot slots[LeafSlots];
+    int capacity() const { return room < kLeafKeys ? room : LeafSlots; }
+    bool full() const { return room == kLeafKeys; }
+    long long* keys() { return reinterpret_cast<long long*>(this + 1); }
+    const long long* keys() const { return reinterpret_cast<const long long*>(this + 1); }
+    Slot* slots() { return reinterpret_cast<Slot*>(reinterpret_cast<char*>(this) + slotsAt(room)); }
+    const Slot* slots() const {
+      return reinterpret_cast<const Slot*>(reinterpret_cast<const char*>(this) + slotsAt(room));
+    }
+    // Where the slots start for `room` keys, and the size of the whole block.
+    static std::size_t slotsAt(int room) {
+      const std::size_t end = sizeof(Leaf) + sizeof(long long) * static_cast<std::size_t>(room);
+      return (end + alignof(Slot) - 1) / alignof(Slot) * alignof(Slot);
+    }
+    static std::size_t bytesFor(int capacity) {
+      return slotsAt(capacity < LeafSlots ? capacity : kLeafKeys) +
+             sizeof(Slot) * static_cast<std::size_t>(capacity);
+    }
+
+    int room;  // keys the block has: `capacity`, or whole blocks of them
+    Leaf* prev = nullptr;
+    Leaf* next = nullptr;
   };
+  static_assert(alignof(Slot) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__ &&
+                    alignof(Leaf) >= alignof(long long),
+                "a leaf's block keeps the alignment that operator new gives");
+  // A leaf with room for `capacity` values, no more than LeafSlots.
+  static Leaf* makeLeaf(int capacity) {
+    return new (::operator new(Leaf::bytesFor(capacity))) Leaf(capacity);
+  }
+  // Frees a leaf whose values are gone.
+  static void freeLeaf(Leaf* leaf) {
+    leaf->~Leaf();
+    ::operator delete(leaf);
+  }
   // children[i] holds the keys k with keys[i - 1] <= k < keys[i].
   struct Inner : Node {
     Inner() { std::fill(keys, keys + kInnerKeys, std::numeric_limits<long long>::max()); }
@@ -356,9 +393,11 @@ class KeyFrameStore {
   // The nodes that one insertion's splits need, made before anything changes
   // so that a failed allocation leaves the store as it was.
   struct Spares {
-    Spares() : leaf(new Leaf), count(0) {}
+    Spares() : leaf(makeLeaf(LeafSlots)), count(0) {}
     ~Spares() {
-      delete leaf;
+      if (leaf) {
+        freeLeaf(leaf);
+      }
       while (count > 0) {
         delete inners[--count];
       }
@@ -398,18 +437,32 @@ class KeyFrameStore {
   static int upperSlot(const long long (&keys)[Keys], int count, long long key) {
     return key == std::numeric_limits<long long>::max() ? count : lowerSlot(keys, key + 1);
   }
+  // The same in a leaf. A small leaf has no whole blocks to read: its few keys
+  // are counted one by one, reading none past the block's end.
+  static int lowerSlot(const Leaf* leaf, long long key) {
+    if (leaf->full()) {
+      return lowerSlot(*reinterpret_cast<const long long(*)[kLeafKeys]>(leaf->keys()), key);
+    }
+    int before = 0;
+    for (int i = 0; i < leaf->count; ++i) {
+      before += leaf->keys()[i] < key;
+    }
+    return before;
+  }
+  static int upperSlot(const Leaf* leaf, long long key) {
+    return key == std::numeric_limits<long long>::max() ? leaf->count : lowerSlot(leaf, key + 1);
+  }
   // Drops the keys from `count` on, giving them the largest time.
-  template <int Keys>
-  static void shrink(Node* node, long long (&keys)[Keys], int count) {
+  static void shrink(Node* node, long long* keys, int count) {
     std::fill(keys + count, keys + node->count, std::numeric_limits<long long>::max());
     node->count = count;
   }
 
   // Moves a value to a free slot, leaving its old slot free.
   static void relocate(Leaf* from, int fromSlot, Leaf* to, int toSlot) {
-    new (&to->slots[toSlot].value) V(std::move(from->slots[fromSlot].value));
-    from->slots[fromSlot].value.~V();
-    to->keys[toSlot] = from->keys[fromSlot];
+    new (&to->slots()[toSlot].value) V(std::move(from->slots()[fromSlot].value));
+    from->slots()[fromSlot].value.~V();
+    to->keys()[toSlot] = from->keys()[fromSlot];
   }
 
   // The leaf whose range holds `key`, noting the way there in `path` if given.
@@ -433,8 +486,8 @@ class KeyFrameStore {
       return endOf();
     }
     Leaf* leaf = descend(key, nullptr);
-    const int slot = lowerSlot(leaf->keys, key);
-    return slot < leaf->count && leaf->keys[slot] == key ? iterator(leaf, slot) : endOf();
+    const int slot = lowerSlot(leaf, key);
+    return slot < leaf->count && leaf->keys()[slot] == key ? iterator(leaf, slot) : endOf();
   }
 
   iterator seek(long long key, bool after) const {
@@ -442,7 +495,7 @@ class KeyFrameStore {
       return endOf();
     }
     Leaf* leaf = descend(key, nullptr);
-    const int slot = after ? upperSlot(leaf->keys, leaf->count, key) : lowerSlot(leaf->keys, key);
+    const int slot = after ? upperSlot(leaf, key) : lowerSlot(leaf, key);
     // Past the leaf's last value, the next leaf's first is the answer.
     if (slot == leaf->count && leaf->next) {
       return iterator(leaf->next, 0);
@@ -455,18 +508,31 @@ class KeyFrameStore {
     for (int i = leaf->count; i > slot; --i) {
       relocate(leaf, i - 1, leaf, i);
     }
-    new (&leaf->slots[slot].value) V(std::move(value));
-    leaf->keys[slot] = key;
+    new (&leaf->slots()[slot].value) V(std::move(value));
+    leaf->keys()[slot] = key;
     ++leaf->count;
   }
 
   // Inserts a new key at `slot` of the leaf at the end of `path`, splitting
   // full nodes from the leaf upwards.
   iterator insert(Step* path, Leaf* leaf, int slot, long long key, V& value) {
-    if (leaf->count < LeafSlots) {
+    if (leaf->count < leaf->capacity()) {
       put(leaf, slot, key, value);
       ++size_;
       return iterator(leaf, slot);
+    }
+    if (!leaf->full()) {
+      // A small leaf is the whole tree; it moves into one twice its size.
+      Leaf* larger = makeLeaf(std::min(2 * leaf->capacity(), LeafSlots));
+      for (int i = 0; i < leaf->count; ++i) {
+        relocate(leaf, i, larger, i);
+      }
+      larger->count = leaf->count;
+      freeLeaf(leaf);
+      root_ = first_ = last_ = larger;
+      put(larger, slot, key, value);
+      ++size_;
+      return iterator(larger, slot);
     }
     Spares spares;
     int depth = height_;
@@ -490,7 +556,7 @@ class KeyFrameStore {
     for (int i = split; i < LeafSlots; ++i) {
       relocate(leaf, i, right, i - split);
     }
-    shrink(leaf, leaf->keys, split);
+    shrink(leaf, leaf->keys(), split);
     right->prev = leaf;
     right->next = leaf->next;
     if (leaf->next) {
@@ -503,7 +569,7 @@ class KeyFrameStore {
     const int homeSlot = slot < keep ? slot : slot - keep;
     put(home, homeSlot, key, value);
 
-    long long separator = right->keys[0];
+    long long separator = right->keys()[0];
     Node* newChild = right;
     for (depth = height_; depth > 0; --depth) {
       Inner* parent = path[depth - 1].node;
@@ -558,11 +624,11 @@ class KeyFrameStore {
 
   // Removes the value at `slot` of `leaf`, to which `path` leads.
   void removeAt(Leaf* leaf, int slot, Step* path) {
-    leaf->slots[slot].value.~V();
+    leaf->slots()[slot].value.~V();
     for (int i = slot + 1; i < leaf->count; ++i) {
       relocate(leaf, i, leaf, i - 1);
     }
-    shrink(leaf, leaf->keys, leaf->count - 1);
+    shrink(leaf, leaf->keys(), leaf->count - 1);
     --size_;
     rebalanceLeaf(leaf, path);
   }
@@ -571,7 +637,7 @@ class KeyFrameStore {
   void rebalanceLeaf(Leaf* leaf, Step* path) {
     if (height_ == 0) {
       if (leaf->count == 0) {
-        delete leaf;
+        freeLeaf(leaf);
         root_ = first_ = last_ = nullptr;
       }
       return;
@@ -588,9 +654,9 @@ class KeyFrameStore {
         relocate(leaf, i - 1, leaf, i);
       }
       relocate(left, left->count - 1, leaf, 0);
-      shrink(left, left->keys, left->count - 1);
+      shrink(left, left->keys(), left->count - 1);
       ++leaf->count;
-      parent->keys[child - 1] = leaf->keys[0];
+      parent->keys[child - 1] = leaf->keys()[0];
       return;
     }
     if (right && right->count > kLeafMin) {
@@ -599,8 +665,8 @@ class KeyFrameStore {
       for (int i = 1; i < right->count; ++i) {
         relocate(right, i, right, i - 1);
       }
-      shrink(right, right->keys, right->count - 1);
-      parent->keys[child] = right->keys[0];
+      shrink(right, right->keys(), right->count - 1);
+      parent->keys[child] = right->keys()[0];
       return;
     }
     if (left) {
@@ -677,7 +743,7 @@ class KeyFrameStore {
     } else {
       last_ = left;
     }
-    delete right;
+    freeLeaf(right);
   }
 
   static void mergeInners(Inner* left, long long separator, Inner* right) {
@@ -697,16 +763,26 @@ class KeyFrameStore {
     shrink(node, node->keys, node->count - 1);
   }
 
-  // Copies the subtree of `source`, `height` levels above its leaves, linking
-  // its leaves behind `previous`. On failure nothing it made is left.
-  Node* clone(const Node* source, int height, Leaf*& previous) {
+  // The smallest capacity of a lone leaf that holds `count` values.
+  static int fitting(size_type count) {
+    int capacity = 1;
+    while (capacity < LeafSlots && static_cast<size_type>(capacity) < count) {
+      capacity *= 2;
+    }
+    return std::min(capacity, LeafSlots);
+  }
+
+  // Copies the subtree of `source`, `height` levels above its leaves, into
+  // leaves with room for `capacity` values, linking them behind `previous`.
+  // On failure nothing it made is left.
+  Node* clone(const Node* source, int height, int capacity, Leaf*& previous) {
     if (height == 0) {
       const Leaf* from = static_cast<const Leaf*>(source);
-      Leaf* leaf = new Leaf;
+      Leaf* leaf = makeLeaf(capacity);
       try {
         for (; leaf->count < from->count; ++leaf->count) {
-          new (&leaf->slots[leaf->count].value) V(from->slots[leaf->count].value);
-          leaf->keys[leaf->count] = from->keys[leaf->count];
+          new (&leaf->slots()[leaf->count].value) V(from->slots()[leaf->count].value);
+          leaf->keys()[leaf->count] = from->keys()[leaf->count];
         }
       } catch (...) {
         destroy(leaf, 0);
@@ -729,7 +805,7 @@ class KeyFrameStore {
     int made = 0;
     try {
       for (; made <= from->count; ++made) {
-        inner->children[made] = clone(from->children[made], height - 1, previous);
+        inner->children[made] = clone(from->children[made], height - 1, capacity, previous);
       }
     } catch (...) {
       for (int i = 0; i < made; ++i) {
@@ -745,9 +821,9 @@ class KeyFrameStore {
     if (height == 0) {
       Leaf* leaf = static_cast<Leaf*>(node);
       for (int i = 0; i < leaf->count; ++i) {
-        leaf->slots[i].value.~V();
+        leaf->slots()[i].value.~V();
       }
-      delete leaf;
+      freeLeaf(leaf);
       return;
     }
     Inner* inner = static_cast<Inner*>(node);

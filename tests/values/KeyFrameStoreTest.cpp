@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <functional>
 #include <limits>
+#include <new>
 #include <map>
 #include <random>
 #include <stdexcept>
@@ -11,6 +14,59 @@
 #include <vector>
 
 using KelMediaLib::KeyFrameStore;
+
+// Every allocation of this program passes here, so that a test can see how
+// much a store keeps and make one of its allocations fail.
+namespace {
+std::size_t heapLive = 0;
+int allocationsBeforeFailure = -1;  // none fails while negative
+const std::size_t kHeader = 16;     // keeps the blocks aligned as malloc's
+
+void* countedAllocation(std::size_t size) {
+  if (allocationsBeforeFailure == 0) {
+    throw std::bad_alloc();
+  }
+  if (allocationsBeforeFailure > 0) {
+    --allocationsBeforeFailure;
+  }
+  // The size asked for goes in front of the block: malloc's rounding varies
+  // with the free blocks it finds, and would make equal stores differ.
+  char* block = static_cast<char*>(std::malloc(size + kHeader));
+  if (!block) {
+    throw std::bad_alloc();
+  }
+  *reinterpret_cast<std::size_t*>(block) = size;
+  heapLive += size;
+  return block + kHeader;
+}
+
+void countedRelease(void* block) {
+  if (block) {
+    char* start = static_cast<char*>(block) - kHeader;
+    heapLive -= *reinterpret_cast<std::size_t*>(start);
+    std::free(start);
+  }
+}
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return countedAllocation(size);
+}
+void* operator new[](std::size_t size) {
+  return countedAllocation(size);
+}
+void operator delete(void* block) noexcept {
+  countedRelease(block);
+}
+void operator delete[](void* block) noexcept {
+  countedRelease(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  countedRelease(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+  countedRelease(block);
+}
 
 namespace {
 
@@ -265,6 +321,140 @@ TEST(KeyFrameStoreFailureTest, AValueThatFailsToCopyLeavesEveryStoreAsItWas) {
   }
   EXPECT_EQ(before, values());
   EXPECT_EQ(20u, store.size());
+}
+
+// Sizes on both sides of each step of a lone leaf's room (1, 2, 4, 8, 16, 32)
+// and of the first split, for the shapes whose leaves have room for many.
+const int kSizesAroundSteps[] = {1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 31, 32, 33, 34};
+
+std::map<long long, std::string> modelOf(int size, int version) {
+  std::map<long long, std::string> model;
+  for (int i = 0; i < size; ++i) {
+    model[i * 10] = valueFor(i * 10, version);
+  }
+  return model;
+}
+
+template <class Store>
+Store storeOf(const std::map<long long, std::string>& model) {
+  Store store;
+  for (const auto& entry : model) {
+    store[entry.first] = entry.second;
+  }
+  return store;
+}
+
+TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
+  for (const int size : kSizesAroundSteps) {
+    SCOPED_TRACE(size);
+    const std::map<long long, std::string> model = modelOf(size, 0);
+    TypeParam store = storeOf<TypeParam>(model);
+    // A copy is made to fit; it must grow again as the original did.
+    TypeParam copy(store);
+    ASSERT_EQ(contentsOf(model), walk(copy));
+    std::map<long long, std::string> grown = model;
+    for (int extra = 0; extra < 5; ++extra) {
+      const long long key = 10 * (size + extra);
+      copy[key] = valueFor(key, 1);
+      grown[key] = valueFor(key, 1);
+      ASSERT_EQ(contentsOf(grown), walk(copy));
+    }
+    EXPECT_EQ(contentsOf(model), walk(store));
+
+    TypeParam other;
+    other[-5] = "alone";
+    other.swap(store);
+    EXPECT_EQ(contentsOf(model), walk(other));
+    EXPECT_EQ((Contents{{-5, "alone"}}), walk(store));
+
+    // Moves of each key: in place between its neighbours, past all of them to
+    // either end, and onto a taken time, which is refused.
+    std::map<long long, std::string> moved = model;
+    for (int i = 0; i < size; ++i) {
+      const long long from = i * 10;
+      long long at = from;
+      for (const long long to : {from + 3, kMax - i, kMin + i, from}) {
+        ASSERT_TRUE(other.moveKey(other.find(at), to)) << at << " to " << to;
+        const std::string value = moved[at];
+        moved.erase(at);
+        moved[to] = value;
+        ASSERT_EQ(contentsOf(moved), walk(other)) << at << " to " << to;
+        at = to;
+      }
+      if (size > 1) {
+        const long long taken = i == 0 ? 10 : 0;
+        EXPECT_FALSE(other.moveKey(other.find(from), taken));
+        EXPECT_EQ(contentsOf(moved), walk(other));
+      }
+    }
+  }
+}
+
+// A store's memory grows with its values, not by whole leaves: a single key
+// frame costs about its key and value, and no lone leaf is more than twice
+// the size its values need.
+TEST(KeyFrameStoreMemoryTest, ALoneLeafKeepsRoomForAtMostTwiceItsValues) {
+  typedef KeyFrameStore<long long> Store;
+  const std::size_t perValue = sizeof(long long) + sizeof(long long);
+  // A leaf's links and counts.
+  const std::size_t overhead = 32;
+  for (const int size : kSizesAroundSteps) {
+    if (size > 32) {
+      continue;
+    }
+    const std::size_t before = heapLive;
+    Store store;
+    for (int i = 0; i < size; ++i) {
+      store[i] = i;
+    }
+    EXPECT_LE(heapLive - before, 2 * perValue * static_cast<std::size_t>(size) + overhead) << size;
+    const Store copy(store);
+    EXPECT_LE(heapLive - before, 4 * perValue * static_cast<std::size_t>(size) + 2 * overhead)
+        << size;
+  }
+  const std::size_t before = heapLive;
+  {
+    Store store;
+    store[0] = 1;
+    EXPECT_LE(heapLive - before, 40u);
+  }
+  EXPECT_EQ(before, heapLive);
+}
+
+// Each allocation that a growth, a split, a move or a copy needs fails in
+// turn: the edit throws and the store is as it was, and nothing leaks.
+TEST(KeyFrameStoreFailureTest, AFailedAllocationLeavesTheStoreAsItWas) {
+  typedef KeyFrameStore<std::string> Store;
+  for (const int size : kSizesAroundSteps) {
+    SCOPED_TRACE(size);
+    const std::map<long long, std::string> model = modelOf(size, 3);
+    Store store = storeOf<Store>(model);
+    const std::string added = valueFor(-1, 3);  // made before any failure
+    const std::vector<std::pair<const char*, std::function<void()>>> edits = {
+        {"insertion", [&] { store.try_emplace(10 * size, added); }},
+        {"insertion at the front", [&] { store.try_emplace(-10, added); }},
+        {"move to the end", [&] { store.moveKey(store.begin(), kMax); }},
+        {"copy", [&] { Store copy(store); }},
+    };
+    const std::size_t live = heapLive;
+    for (const auto& edit : edits) {
+      bool failed = true;
+      for (int allowed = 0; failed; ++allowed) {
+        allocationsBeforeFailure = allowed;
+        try {
+          edit.second();
+          failed = false;
+        } catch (const std::bad_alloc&) {
+        }
+        allocationsBeforeFailure = -1;
+        if (failed) {
+          ASSERT_EQ(contentsOf(model), walk(store)) << edit.first << ", " << allowed;
+          ASSERT_EQ(live, heapLive) << edit.first << ", " << allowed;
+        }
+      }
+      store = storeOf<Store>(model);
+    }
+  }
 }
 
 }  // namespace
