@@ -72,9 +72,6 @@ demo: deps $(BUILD)/CMakeCache.txt
 	$(ORV) sample $(DEMO)
 	@# The file is summarised even when a check of the zoom failed; the
 	@# demo fails with it all the same.
-	@# The library's own messages (a range it drops) are silenced; sanitizer
-	@# reports still reach the log. The time limit of an input is wall time: at
-	@# the lowest priority on a busy machine an input of 0.5 s CPU can take 10 s.
 	@status=0; \
 	  $(ORV) zoom $(DEMO)/sample.vdpak -o $(DEMO)/sample.orvproj --svg $(DEMO)/zoom.svg || status=$$?; \
 	  $(ORV) info $(DEMO)/sample.orvproj || status=$$?; \
