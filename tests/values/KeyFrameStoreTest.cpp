@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <functional>
 #include <limits>
@@ -18,16 +19,18 @@ using KelMediaLib::KeyFrameStore;
 // Every allocation of this program passes here, so that a test can see how
 // much a store keeps and make one of its allocations fail.
 namespace {
-std::size_t heapLive = 0;
-int allocationsBeforeFailure = -1;  // none fails while negative
-const std::size_t kHeader = 16;     // keeps the blocks aligned as malloc's
+// Atomic: other tests of this program allocate from several threads.
+std::atomic<std::size_t> heapLive{0};
+std::atomic<int> allocationsBeforeFailure{-1};  // none fails while negative
+const std::size_t kHeader = 16;                 // keeps the blocks aligned as malloc's
 
 void* countedAllocation(std::size_t size) {
-  if (allocationsBeforeFailure == 0) {
-    throw std::bad_alloc();
+  int left = allocationsBeforeFailure.load(std::memory_order_relaxed);
+  while (left > 0 && !allocationsBeforeFailure.compare_exchange_weak(left, left - 1,
+                                                                     std::memory_order_relaxed)) {
   }
-  if (allocationsBeforeFailure > 0) {
-    --allocationsBeforeFailure;
+  if (left == 0) {
+    throw std::bad_alloc();
   }
   // The size asked for goes in front of the block: malloc's rounding varies
   // with the free blocks it finds, and would make equal stores differ.
@@ -402,23 +405,25 @@ TEST(KeyFrameStoreMemoryTest, ALoneLeafKeepsRoomForAtMostTwiceItsValues) {
     if (size > 32) {
       continue;
     }
-    const std::size_t before = heapLive;
+    const std::size_t before = heapLive.load();
     Store store;
     for (int i = 0; i < size; ++i) {
       store[i] = i;
     }
-    EXPECT_LE(heapLive - before, 2 * perValue * static_cast<std::size_t>(size) + overhead) << size;
+    EXPECT_LE(heapLive.load() - before, 2 * perValue * static_cast<std::size_t>(size) + overhead)
+        << size;
     const Store copy(store);
-    EXPECT_LE(heapLive - before, 4 * perValue * static_cast<std::size_t>(size) + 2 * overhead)
+    EXPECT_LE(heapLive.load() - before,
+              4 * perValue * static_cast<std::size_t>(size) + 2 * overhead)
         << size;
   }
-  const std::size_t before = heapLive;
+  const std::size_t before = heapLive.load();
   {
     Store store;
     store[0] = 1;
-    EXPECT_LE(heapLive - before, 40u);
+    EXPECT_LE(heapLive.load() - before, 40u);
   }
-  EXPECT_EQ(before, heapLive);
+  EXPECT_EQ(before, heapLive.load());
 }
 
 // Each allocation that a growth, a split, a move or a copy needs fails in
@@ -436,7 +441,7 @@ TEST(KeyFrameStoreFailureTest, AFailedAllocationLeavesTheStoreAsItWas) {
         {"move to the end", [&] { store.moveKey(store.begin(), kMax); }},
         {"copy", [&] { Store copy(store); }},
     };
-    const std::size_t live = heapLive;
+    const std::size_t live = heapLive.load();
     for (const auto& edit : edits) {
       bool failed = true;
       for (int allowed = 0; failed; ++allowed) {
@@ -449,7 +454,7 @@ TEST(KeyFrameStoreFailureTest, AFailedAllocationLeavesTheStoreAsItWas) {
         allocationsBeforeFailure = -1;
         if (failed) {
           ASSERT_EQ(contentsOf(model), walk(store)) << edit.first << ", " << allowed;
-          ASSERT_EQ(live, heapLive) << edit.first << ", " << allowed;
+          ASSERT_EQ(live, heapLive.load()) << edit.first << ", " << allowed;
         }
       }
       store = storeOf<Store>(model);
