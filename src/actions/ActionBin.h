@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actions/Action.h"
+#include "actions/CollisionEnforcer.h"
 #include "core/KelObject.h"
 #include "core/Subject.h"
 #include "core/XMLIdentified.h"
@@ -10,6 +11,7 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <unordered_map>
@@ -25,12 +27,12 @@ class Parametric;
 
 namespace OrvMediaLib {
 
-class CollisionEnforcer;
-
-/// Holds actions by media: for each media a list sorted by start at
-/// insertion. Refuses an action that overlaps or touches another of its
-/// media, watches the held actions for later collisions, and tells the
-/// observers of a media (see `mediaAttach`) when that media's list changes.
+/// Holds actions by media: for each media a list sorted by start. Refuses an
+/// action that shares a time with another of its media (touching at an end,
+/// or a point inside another, counts), watches the held actions for later
+/// collisions, which keeps them apart and in order, and tells the observers
+/// of a media (see `mediaAttach`) when that media's list changes. Lookups by
+/// time and edits cost about the same however many actions a media has.
 ///
 /// Owns its lists, which keep media and actions alive. When the bin ends it
 /// deletes the clone decorator of each media it holds. Written as
@@ -74,9 +76,13 @@ class ActionBin : public KelMediaLib::KelObject,
       boost::shared_ptr<const KelMediaLib::Media> media) const;
   /// The same for a media known by address.
   boost::shared_ptr<ActionList> mediasActions(const KelMediaLib::Media* media) const;
-  /// The media's list itself, for scans that copy nothing; null if the media
-  /// has no action here. Valid until the bin changes.
-  const ActionList* heldActions(const KelMediaLib::Media* media) const;
+  /// The media's actions that share a time with `range`, both ends
+  /// included, in order: found by time, without a scan of the media's list.
+  std::vector<boost::shared_ptr<const Action>> actionsMeeting(
+      const KelMediaLib::Media* media, const KelMediaLib::Range<long long>& range) const;
+  /// Whether `test` holds for one of the media's actions, tried in order.
+  bool anyAction(const KelMediaLib::Media* media,
+                 const std::function<bool(const Action&)>& test) const;
   /// The actions of `parametric` if it is a media with actions here, else
   /// those of the first media (in the bin's order) that holds it as an
   /// effect, whatever the actions animate; null if there is no such media.
@@ -126,7 +132,11 @@ class ActionBin : public KelMediaLib::KelObject,
       return std::less<const KelMediaLib::Media*>()(address(a), address(b));
     }
   };
-  typedef std::map<boost::shared_ptr<const KelMediaLib::Media>, ActionList, ByAddress> ActionMap;
+  // The actions of one media, in order, with what finds them fast.
+  class MediaActions;
+  typedef std::map<boost::shared_ptr<const KelMediaLib::Media>, std::unique_ptr<MediaActions>,
+                   ByAddress>
+      ActionMap;
   typedef std::map<boost::shared_ptr<const KelMediaLib::Media>,
                    boost::shared_ptr<KelMediaLib::Subject>, ByAddress>
       SubjectMap;
@@ -137,13 +147,20 @@ class ActionBin : public KelMediaLib::KelObject,
   void journalEdit(const boost::shared_ptr<const KelMediaLib::Media>& media,
                    const boost::shared_ptr<const Action>& action);
   /// Puts `action` in the media's list at `index`, and watches it.
-  void insertAt(const boost::shared_ptr<const KelMediaLib::Media>& media,
-                ActionList::size_type index, const boost::shared_ptr<const Action>& action);
+  void insertAt(const boost::shared_ptr<const KelMediaLib::Media>& media, std::size_t index,
+                const boost::shared_ptr<const Action>& action, bool noLength);
   /// Takes `action` out of the media's list (which goes when it empties),
   /// and stops watching it; returns false if the list doesn't hold it.
   bool takeOut(const boost::shared_ptr<const KelMediaLib::Media>& media, const Action* action);
   /// The entry of the media that holds `parametric` (itself, or as an effect).
   ActionMap::const_iterator findParametric(const KelMediaLib::Parametric* parametric) const;
+  /// The first action of the entry's media that holds `time`; null if none.
+  boost::shared_ptr<const Action> firstHolding(ActionMap::const_iterator entry,
+                                               long long time) const;
+  /// What a change of `action` is checked against; notes whether it now has
+  /// no length.
+  CollisionEnforcer::Surroundings surroundings(const KelMediaLib::Media* media,
+                                               const Action& action);
 
   ActionMap actions_;
   // The media of each held action.

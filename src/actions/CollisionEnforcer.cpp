@@ -14,8 +14,7 @@ namespace {
 
 // Narrower than the bin's test on insertion in one direction and wider in
 // another, by design: a move that makes an action's end meet the start of the
-// other collides, one that makes its start meet the other's end doesn't, and
-// any change collides while the media holds an action of no length.
+// other collides, one that makes its start meet the other's end doesn't.
 void checkCollision(const Action& other, const Action& own) {
   const Range<long long> theirs = other.timeRange();
   const Range<long long> mine = own.timeRange();
@@ -25,40 +24,61 @@ void checkCollision(const Action& other, const Action& own) {
   }
 }
 
-// Watches one action: each notification of it checks it against the other
-// current actions of its media.
+// The order of the starts is what lets the neighbours alone decide; a change
+// that would break it (a jump over the neighbour, or a point inside it) is a
+// collision too. Any change collides while the media holds an action of no
+// length.
+void checkSurroundings(const CollisionEnforcer::Surroundings& around, const Action& own) {
+  if (!around.held) {
+    return;
+  }
+  const Range<long long> mine = own.timeRange();
+  bool collides = around.otherOfNoLength;
+  if (around.before) {
+    const Range<long long> theirs = around.before->timeRange();
+    collides =
+        collides || theirs.start >= mine.start || (mine.duration == 0 && theirs.end() > mine.start);
+  }
+  if (around.after) {
+    collides = collides || around.after->timeRange().start <= mine.start;
+  }
+  if (collides) {
+    throw OrvException("CollisionEnforcer: collision");
+  }
+  if (around.before) {
+    checkCollision(*around.before, own);
+  }
+  if (around.after) {
+    checkCollision(*around.after, own);
+  }
+}
+
+// Watches one action: each notification of it checks it against what
+// surrounds it on its media.
 class SubEnforcer : public Observer {
  public:
-  SubEnforcer(const CollisionEnforcer::MediasActionsFunction& mediasActions,
+  SubEnforcer(const CollisionEnforcer::SurroundingsFunction& surroundings,
               boost::shared_ptr<const Media> media, boost::shared_ptr<const Action> action)
-      : mediasActions_(mediasActions), media_(media), action_(action) {}
+      : surroundings_(surroundings), media_(media), action_(action) {}
 
   void observerUpdate() override {
-    const ActionList* actions = mediasActions_(media_.get());
-    if (!actions) {
-      return;
-    }
-    for (const auto& other : *actions) {
-      if (other.get() != action_.get()) {
-        checkCollision(*other, *action_);
-      }
-    }
+    checkSurroundings(surroundings_(media_.get(), *action_), *action_);
   }
 
  private:
-  CollisionEnforcer::MediasActionsFunction mediasActions_;
+  CollisionEnforcer::SurroundingsFunction surroundings_;
   boost::shared_ptr<const Media> media_;
   boost::shared_ptr<const Action> action_;
 };
 
 }  // namespace
 
-CollisionEnforcer* CollisionEnforcer::create(const MediasActionsFunction& mediasActions) {
-  return new CollisionEnforcer(mediasActions);
+CollisionEnforcer* CollisionEnforcer::create(const SurroundingsFunction& surroundings) {
+  return new CollisionEnforcer(surroundings);
 }
 
-CollisionEnforcer::CollisionEnforcer(const MediasActionsFunction& mediasActions)
-    : actionMap_(new ActionMap()), mediasActionsFunction_(mediasActions) {}
+CollisionEnforcer::CollisionEnforcer(const SurroundingsFunction& surroundings)
+    : actionMap_(new ActionMap()), surroundings_(surroundings) {}
 
 CollisionEnforcer::~CollisionEnforcer() {
   for (const auto& entry : *actionMap_) {
@@ -83,7 +103,7 @@ void CollisionEnforcer::addAction(boost::shared_ptr<const Media> media,
   if (!action) {
     throw OrvException("unable to watch a null action");
   }
-  std::unique_ptr<Observer> watch(new SubEnforcer(mediasActionsFunction_, media, action));
+  std::unique_ptr<Observer> watch(new SubEnforcer(surroundings_, media, action));
   displaced_.reserve(displaced_.size() + 1);
   action->attach(watch.get());
   auto& entry = (*actionMap_)[action];

@@ -18,19 +18,31 @@ class Observer;
 namespace OrvMediaLib {
 
 /// Watches the actions of a bin after they went in: when a watched action
-/// notifies (its key frames moved), its media's current actions are read
-/// through the list function and a collision throws `OrvException`
-/// "CollisionEnforcer: collision" from inside that notification. The change
-/// that caused it stays. Owned by its bin.
+/// notifies (its key frames moved), it is checked against what surrounds it
+/// on its media, read through the surroundings function, and a collision
+/// throws `OrvException` "CollisionEnforcer: collision" from inside that
+/// notification. The change that caused it stays. Owned by its bin.
+///
+/// The actions of a media lie apart in the order of their starts, so a
+/// change can only collide with the actions next to it: a check costs the
+/// same however many actions the media has. An action may not pass over its
+/// neighbour, and an action of no length may not land inside another.
 class CollisionEnforcer {
  public:
-  /// How the current actions of a media are read: the list itself, not a
-  /// copy (a check runs on every change of a watched action); null if the
-  /// media has none.
-  typedef boost::function<const ActionList*(const KelMediaLib::Media*)> MediasActionsFunction;
+  /// What a change of one action is checked against.
+  struct Surroundings {
+    bool held = false;               // false: the action isn't listed, nothing to check
+    const Action* before = nullptr;  // the action listed just before it, if any
+    const Action* after = nullptr;   // the action listed just after it, if any
+    bool otherOfNoLength = false;    // another action of the media has no length
+  };
+  /// Answers the surroundings of an action of a media as they are now; called
+  /// on every change of a watched action.
+  typedef boost::function<Surroundings(const KelMediaLib::Media*, const Action&)>
+      SurroundingsFunction;
 
   /// A new enforcer watching nothing; the caller owns it.
-  static CollisionEnforcer* create(const MediasActionsFunction& mediasActions);
+  static CollisionEnforcer* create(const SurroundingsFunction& surroundings);
   virtual ~CollisionEnforcer();
   CollisionEnforcer(const CollisionEnforcer&) = delete;
   CollisionEnforcer& operator=(const CollisionEnforcer&) = delete;
@@ -59,11 +71,11 @@ class CollisionEnforcer {
                    ByAddress>
       ActionMap;
 
-  explicit CollisionEnforcer(const MediasActionsFunction& mediasActions);
+  explicit CollisionEnforcer(const SurroundingsFunction& surroundings);
   static void release(const Action& action, KelMediaLib::Observer* subEnforcer);
 
   std::unique_ptr<ActionMap> actionMap_;
-  MediasActionsFunction mediasActionsFunction_;
+  SurroundingsFunction surroundings_;
   // Watches whose entry was overwritten: still attached, deleted at the end.
   std::vector<std::pair<boost::shared_ptr<const Action>, KelMediaLib::Observer*>> displaced_;
 };

@@ -136,9 +136,8 @@ void throwIfNotTheActions(const Action& action, const ParameterRange& range) {
 void throwIfCollisions(const ActionBin& bin, const Action& action, long long delta) {
   Range<long long> moved = action.timeRange();
   moved.start += delta;
-  const ActionList* others = bin.heldActions(mediaOf(action).get());
-  if (!others) return;
-  for (const boost::shared_ptr<const Action>& other : *others) {
+  for (const boost::shared_ptr<const Action>& other :
+       bin.actionsMeeting(mediaOf(action).get(), moved)) {
     if (other.get() != &action && actionsOverlap(moved, other->timeRange())) {
       throw OrvException("Action collision when moving");
     }
@@ -155,12 +154,10 @@ bool meetsAnotherRange(const std::array<const ActionBin*, 3>& bins, const Media*
                        long long right, const ActionBin* skip = nullptr) {
   for (const ActionBin* bin : bins) {
     if (bin == skip) continue;
-    const ActionList* actions = bin->heldActions(media);
-    if (!actions) continue;
-    for (const boost::shared_ptr<const Action>& other : *actions) {
-      if (other.get() != self && other->hasParameterRangeMeeting(parameter, left, right)) {
-        return true;
-      }
+    if (bin->anyAction(media, [=](const Action& other) {
+          return &other != self && other.hasParameterRangeMeeting(parameter, left, right);
+        })) {
+      return true;
     }
   }
   return false;
@@ -171,9 +168,8 @@ bool meetsAnotherRange(const std::array<const ActionBin*, 3>& bins, const Media*
 void throwIfTrimCollides(const ActionBin* bin, const Action& action,
                          const Range<long long>& trimmed) {
   if (!bin) return;
-  const ActionList* others = bin->heldActions(mediaOf(action).get());
-  if (!others) return;
-  for (const boost::shared_ptr<const Action>& other : *others) {
+  for (const boost::shared_ptr<const Action>& other :
+       bin->actionsMeeting(mediaOf(action).get(), trimmed)) {
     if (other.get() != &action && actionsOverlap(trimmed, other->timeRange())) {
       throw OrvException("Action collision when trimming");
     }

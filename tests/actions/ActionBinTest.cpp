@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <random>
 #include <sstream>
 #include <vector>
 
@@ -25,14 +27,16 @@ boost::shared_ptr<const Action> actionAt(const Model& model, R range) {
   return boost::make_shared<CenterAction>(model.media(), range);
 }
 
-// Each case adds two actions to one media; a single start left means a refusal.
-TEST(ActionBinTest, RefusesActionsThatTouchAndKeepsEachListSortedByStart) {
+// Each case adds two actions to one media; a single start left means a
+// refusal. A point inside another action shares its time too.
+TEST(ActionBinTest, RefusesActionsThatShareATimeAndKeepsEachListSortedByStart) {
   struct Case {
     R first, second;
     std::vector<long long> starts;
   } const cases[] = {
-      {R(10, 5), R(15, 5), {10}}, {R(10, 5), R(16, 5), {10, 16}}, {R(15, 5), R(10, 5), {15}},
-      {R(10, 0), R(10, 0), {10}}, {R(10, 5), R(12, 1), {10}},     {R(30, 5), R(10, 5), {10, 30}},
+      {R(10, 5), R(15, 5), {10}},  {R(10, 5), R(16, 5), {10, 16}}, {R(15, 5), R(10, 5), {15}},
+      {R(10, 0), R(10, 0), {10}},  {R(10, 5), R(12, 1), {10}},     {R(30, 5), R(10, 5), {10, 30}},
+      {R(10, 10), R(15, 0), {10}}, {R(15, 0), R(10, 10), {15}},    {R(10, 0), R(11, 0), {10, 11}},
   };
   Model model;
   for (const Case& c : cases) {
@@ -209,6 +213,78 @@ TEST(ActionBinTest, TheJournalGivesBackEveryListAndItsWatches) {
     journal.restoreAfter();
     EXPECT_EQ(after, list(media));
     EXPECT_EQ(count, bin->numActions());
+  }
+}
+
+// A media with many actions: its list spans many blocks, and lookups by time,
+// edits and the journal must agree with a plain sorted list.
+TEST(ActionBinTest, ManyActionsOfOneMediaAreFoundByTimeAndJournaledExactly) {
+  Model model;
+  const auto media = model.media();
+  const auto bin = ActionBin::create();
+  std::vector<boost::shared_ptr<const Action>> held;
+  for (long long i = 0; i < 1000; ++i) {
+    held.push_back(actionAt(model, R(i * 10, 5)));
+  }
+  std::mt19937 random(7);
+  std::vector<boost::shared_ptr<const Action>> order = held;
+  std::shuffle(order.begin(), order.end(), random);
+  for (const auto& action : order) {
+    bin->addAction(media, action);
+  }
+  EXPECT_EQ(ActionList(held.begin(), held.end()), *bin->mediasActions(media));
+  // The last action touches its left neighbour once it starts at its end.
+  boost::const_pointer_cast<Action>(held[999])->setTimeRange(R(9985, 5));
+
+  const struct {
+    long long time;
+    int holder;  // -1: none
+  } lookups[] = {{0, 0},      {5, 0},      {6, -1},     {4326, -1}, {4321, 432}, {4320, 432},
+                 {4325, 432}, {9985, 998}, {9990, 999}, {9991, -1}, {-1, -1}};
+  for (const auto& lookup : lookups) {
+    const auto found = bin->actionForMediaContainingTime(media, lookup.time);
+    EXPECT_EQ(lookup.holder < 0 ? nullptr : held[lookup.holder].get(), found.get()) << lookup.time;
+  }
+  const struct {
+    R range;
+    std::vector<int> meeting;
+  } queries[] = {{R(6, 3), {}},         {R(5, 5), {0, 1}},
+                 {R(2000, 0), {200}},   {R(1265, 30), {126, 127, 128, 129}},
+                 {R(9990, 100), {999}}, {R(-10, 5), {}}};
+  for (const auto& query : queries) {
+    std::vector<int> meeting;
+    for (const auto& action : bin->actionsMeeting(media.get(), query.range)) {
+      meeting.push_back(
+          static_cast<int>(std::find(held.begin(), held.end(), action) - held.begin()));
+    }
+    EXPECT_EQ(query.meeting, meeting) << query.range;
+  }
+
+  // Random removals and additions under one journal, over and over.
+  for (int round = 0; round < 20; ++round) {
+    SCOPED_TRACE(round);
+    const ActionList before = *bin->mediasActions(media);
+    EditJournal journal;
+    {
+      const EditJournal::Scope open(&journal);
+      for (int step = 0; step < 30; ++step) {
+        const auto& action = held[random() % 999];
+        if (bin->containsAction(action)) {
+          bin->removeAction(action);
+        } else {
+          bin->addAction(media, action);
+        }
+      }
+    }
+    journal.seal();
+    const ActionList after = *bin->mediasActions(media);
+    journal.restoreBefore();
+    EXPECT_EQ(before, *bin->mediasActions(media));
+    journal.restoreAfter();
+    ASSERT_EQ(after, *bin->mediasActions(media));
+    ASSERT_TRUE(std::is_sorted(after.begin(), after.end(), [](const auto& a, const auto& b) {
+      return a->timeRange().start < b->timeRange().start;
+    }));
   }
 }
 

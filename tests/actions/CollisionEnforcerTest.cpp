@@ -1,5 +1,6 @@
 #include "actions/ActionBin.h"
 #include "actions/CollisionEnforcer.h"
+#include "core/EditJournal.h"
 
 #include "actions/ActionTestSupport.h"
 
@@ -12,6 +13,7 @@ namespace {
 using namespace actiontest;
 using namespace KelMediaLib;
 using namespace OrvMediaLib;
+typedef Range<long long> R;
 
 // Opacity animated over (100, 100), scale0 over (300, 100), both in one bin;
 // each case moves one key frame and may first add an action of no length.
@@ -52,9 +54,13 @@ TEST(CollisionEnforcerTest, WatchesUntilTheActionOrItsMediaIsDropped) {
   const auto other = model.media();
   const auto first = boost::make_shared<CenterAction>(media, Range<long long>(0, 10));
   const auto second = boost::make_shared<CenterAction>(media, Range<long long>(5, 10));
-  const auto listed = boost::make_shared<ActionList>(ActionList{first, second});
   std::unique_ptr<CollisionEnforcer> enforcer(
-      CollisionEnforcer::create([listed](const Media*) { return listed.get(); }));
+      CollisionEnforcer::create([&](const Media*, const Action& action) {
+        CollisionEnforcer::Surroundings around;
+        around.held = true;
+        around.after = &action == first.get() ? second.get() : nullptr;
+        return around;
+      }));
   const auto touch = [&] { return failure([&] { first->setTimeRange(Range<long long>(0, 10)); }); };
 
   enforcer->addAction(media, first);
@@ -71,9 +77,60 @@ TEST(CollisionEnforcerTest, WatchesUntilTheActionOrItsMediaIsDropped) {
   EXPECT_EQ("", touch());
 
   std::unique_ptr<CollisionEnforcer> unbound(
-      CollisionEnforcer::create(CollisionEnforcer::MediasActionsFunction()));
+      CollisionEnforcer::create(CollisionEnforcer::SurroundingsFunction()));
   unbound->addAction(media, first);
   EXPECT_EQ("call to empty boost::function", touch());
+}
+
+// Actions without ranges move whole through `setTimeRange`: the enforcer
+// keeps them in order and apart, and keeps knowing which have no length
+// when a journal gives a length back without telling anyone.
+TEST(CollisionEnforcerTest, ActionsMovedWholeStayInOrderAndApart) {
+  struct Case {
+    const char* name;
+    R to;  // the new time range of the action at (100, 50)
+    bool collides;
+  } const cases[] = {
+      {"jump over the right neighbour", R(400, 10), true},
+      {"jump back over the left neighbour", R(-50, 10), true},
+      {"a point inside the right neighbour", R(250, 0), true},
+      {"a point in the gap", R(50, 0), false},
+      {"stretch into the gap", R(20, 150), false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    Model model;
+    const auto media = model.media();
+    const auto bin = ActionBin::create();
+    const auto left = boost::make_shared<CenterAction>(media, R(0, 10));
+    const auto moved = boost::make_shared<CenterAction>(media, R(100, 50));
+    const auto right = boost::make_shared<CenterAction>(media, R(200, 100));
+    for (const auto& action : {left, moved, right}) {
+      bin->addAction(media, action);
+    }
+    EXPECT_EQ(c.collides ? "CollisionEnforcer: collision" : "",
+              failure([&] { moved->setTimeRange(c.to); }));
+  }
+
+  Model model;
+  const auto media = model.media();
+  const auto bin = ActionBin::create();
+  const auto point = boost::make_shared<CenterAction>(media, R(0, 10));
+  const auto other = boost::make_shared<CenterAction>(media, R(100, 50));
+  bin->addAction(media, point);
+  bin->addAction(media, other);
+  EditJournal journal;
+  {
+    const EditJournal::Scope open(&journal);
+    point->setTimeRange(R(0, 0));
+  }
+  journal.seal();
+  const auto nudge = [&] { return failure([&] { other->setTimeRange(R(100, 40)); }); };
+  EXPECT_EQ("CollisionEnforcer: collision", nudge());
+  journal.restoreBefore();
+  EXPECT_EQ("", nudge());
+  journal.restoreAfter();
+  EXPECT_EQ("CollisionEnforcer: collision", nudge());
 }
 
 }  // namespace
