@@ -2,6 +2,7 @@
 
 #include "core/XMLText.h"
 
+#include <cstdint>
 #include <ostream>
 
 namespace KelMediaLib {
@@ -28,9 +29,40 @@ void XMLable::toXML(Options& options, int indent, const std::string& extraAttrib
   writeLiteral(out, ">\n");
 }
 
+std::size_t XMLable::Options::slotOf(const XMLIdentified* object) const {
+  // Fibonacci hashing: the top bits of the address times 2^64 / phi.
+  const auto hash = reinterpret_cast<std::uintptr_t>(object) * 0x9E3779B97F4A7C15ull;
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t slot = static_cast<std::size_t>(static_cast<std::uint64_t>(hash) >> shift_);
+  while (slots_[slot].first && slots_[slot].first != object) {
+    slot = (slot + 1) & mask;
+  }
+  return slot;
+}
+
+bool XMLable::Options::named(const XMLIdentified& object) const {
+  return !slots_.empty() && slots_[slotOf(&object)].first;
+}
+
 unsigned int XMLable::Options::ident(const XMLIdentified& object) {
-  const auto next = static_cast<unsigned int>(idents_.size() + 1);
-  return idents_.emplace(&object, next).first->second;
+  if (2 * (static_cast<std::size_t>(named_) + 1) > slots_.size()) {
+    std::vector<Slot> old(slots_.empty() ? 512 : 2 * slots_.size(), Slot(nullptr, 0));
+    old.swap(slots_);
+    shift_ = 64;
+    while ((std::size_t(1) << (64 - shift_)) < slots_.size()) {
+      --shift_;
+    }
+    for (const Slot& slot : old) {
+      if (slot.first) {
+        slots_[slotOf(slot.first)] = slot;
+      }
+    }
+  }
+  Slot& slot = slots_[slotOf(&object)];
+  if (!slot.first) {
+    slot = Slot(&object, ++named_);
+  }
+  return slot.second;
 }
 
 std::string XMLable::genIndent(int depth) {

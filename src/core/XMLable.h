@@ -2,7 +2,9 @@
 
 #include <iosfwd>
 #include <string>
-#include <unordered_map>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace KelMediaLib {
 
@@ -28,10 +30,19 @@ class XMLable {
     /// writes of one model, or of the model read back, give the same bytes.
     unsigned int ident(const XMLIdentified& object);
     /// Whether the document has named `object` so far.
-    bool named(const XMLIdentified& object) const { return idents_.count(&object) != 0; }
+    bool named(const XMLIdentified& object) const;
 
    private:
-    std::unordered_map<const XMLIdentified*, unsigned int> idents_;
+    typedef std::pair<const XMLIdentified*, unsigned int> Slot;  // null: free
+    /// The slot of `object`, or the free one where it would go.
+    std::size_t slotOf(const XMLIdentified* object) const;
+
+    // Open addressing by address, half full at most: a project's document
+    // names millions of objects, and a node of their own cost more than the
+    // rest of the writing.
+    std::vector<Slot> slots_;
+    unsigned int named_ = 0;
+    int shift_ = 64;
   };
 
   virtual ~XMLable() = default;
