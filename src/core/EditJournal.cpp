@@ -10,14 +10,21 @@ thread_local EditJournal* openJournal = nullptr;
 
 EditJournal::Entry::~Entry() = default;
 
-EditJournal::EditJournal() : unjournaled_(false) {}
+EditJournal::EditJournal() : EditJournal(true) {}
+
+EditJournal::EditJournal(bool keeps) : unjournaled_(false), keeps_(keeps) {}
+
+EditJournal* EditJournal::discarding() {
+  static EditJournal nothing(false);
+  return &nothing;
+}
 
 EditJournal* EditJournal::current() {
   return openJournal;
 }
 
 void EditJournal::noteUnjournaledEdit() {
-  if (openJournal) {
+  if (openJournal && openJournal->keeps_) {
     openJournal->unjournaled_ = true;
   }
 }

@@ -61,6 +61,12 @@ class EditJournal {
 
   EditJournal();
   EditJournal(const EditJournal&) = delete;
+
+  /// A journal that keeps nothing, for building a model that nobody will
+  /// undo (a project being read): open, it spares the notes and the journal
+  /// of its own that each command would otherwise get. Shared and never
+  /// changed, so any thread may open it.
+  static EditJournal* discarding();
   EditJournal& operator=(const EditJournal&) = delete;
 
   /// The journal open on this thread; null when none is.
@@ -72,7 +78,7 @@ class EditJournal {
   template <class Object>
   static void note(const boost::shared_ptr<Object>& object) {
     EditJournal* journal = current();
-    if (journal && object) {
+    if (journal && journal->keeps_ && object) {
       journal->entryFor(object.get(), [&object] {
         return new StateEntry<Object, decltype(object->journalState())>(object);
       });
@@ -87,7 +93,7 @@ class EditJournal {
   template <class PartEntry, class Object, class Key>
   static void notePart(const boost::shared_ptr<Object>& object, const Key& key) {
     EditJournal* journal = current();
-    if (journal && object) {
+    if (journal && journal->keeps_ && object) {
       static_cast<PartEntry*>(journal->entryFor(object.get(), [&object] {
         return new PartEntry(object);
       }))->notePart(key);
@@ -136,8 +142,11 @@ class EditJournal {
   }
 
   std::vector<boost::shared_ptr<Entry>> entries_;
+  explicit EditJournal(bool keeps);
+
   std::unordered_map<const void*, Entry*> noted_;
   bool unjournaled_;
+  bool keeps_;
 };
 
 }  // namespace KelMediaLib

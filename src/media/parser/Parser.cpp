@@ -117,11 +117,10 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
   expat_ = &expat;
   // Until the load is over the project is the parser's alone, a failed load
   // hands out nothing, and the commands that build it can't be undone (the
-  // history is cleared after the load). So no command needs the journal of
-  // its own that a user's edit gets, whose states cost more than the edit:
-  // one journal stays open for the whole load and takes every note once.
-  EditJournal loading;
-  const EditJournal::Scope journal(&loading);
+  // history is cleared as the load goes). So nothing of the load is
+  // journaled: no command gets the journal of its own that a user's edit
+  // gets, whose states cost more than the edit, and no object keeps notes.
+  const EditJournal::Scope journal(EditJournal::discarding());
   const std::uint64_t total = progress_ ? remainingSize(in) : 0;
   std::uint64_t read = 0;
   try {
