@@ -3,6 +3,7 @@
 #include "core/Observer.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace KelMediaLib {
@@ -12,6 +13,11 @@ namespace KelMediaLib {
 struct Subject::Notification {
   std::vector<Observer*> pending;
   Notification* outer;
+};
+
+struct Subject::Concerned {
+  std::unordered_set<Observer*> observers;
+  std::vector<Observer*> askedNext;
 };
 
 Subject::Subject() : notifications_(nullptr) {}
@@ -30,27 +36,38 @@ void Subject::attach(Observer* observer) const {
   }
 }
 
+std::size_t Subject::numObservers() const {
+  return observers_.size() + (concerned_ ? concerned_->observers.size() : 0);
+}
+
 void Subject::attachConcerned(Observer* observer) const {
-  concerned_.insert(observer);
+  if (!concerned_) {
+    concerned_.reset(new Concerned());
+  }
+  concerned_->observers.insert(observer);
 }
 
 void Subject::detach(Observer* observer) const {
   const auto found = std::find(observers_.begin(), observers_.end(), observer);
   if (found != observers_.end()) {
     observers_.erase(found);
-  } else if (concerned_.erase(observer) == 0) {
+  } else if (!concerned_ || concerned_->observers.erase(observer) == 0) {
     return;
   }
-  askedNext_.erase(std::remove(askedNext_.begin(), askedNext_.end(), observer), askedNext_.end());
+  if (concerned_) {
+    std::vector<Observer*>& asked = concerned_->askedNext;
+    asked.erase(std::remove(asked.begin(), asked.end(), observer), asked.end());
+  }
   for (Notification* n = notifications_; n; n = n->outer) {
     std::replace(n->pending.begin(), n->pending.end(), observer, static_cast<Observer*>(nullptr));
   }
 }
 
 void Subject::askNextNotification(Observer* observer) const {
-  if (concerned_.count(observer) != 0 &&
-      std::find(askedNext_.begin(), askedNext_.end(), observer) == askedNext_.end()) {
-    askedNext_.push_back(observer);
+  if (concerned_ && concerned_->observers.count(observer) != 0 &&
+      std::find(concerned_->askedNext.begin(), concerned_->askedNext.end(), observer) ==
+          concerned_->askedNext.end()) {
+    concerned_->askedNext.push_back(observer);
   }
 }
 
@@ -71,15 +88,17 @@ void Subject::notifyConcerned(const std::vector<Observer*>& concerned) const {
       frame.pending.push_back(observer);
     }
   };
-  for (Observer* observer : concerned) {
-    if (concerned_.count(observer) != 0) {
+  if (concerned_) {
+    for (Observer* observer : concerned) {
+      if (concerned_->observers.count(observer) != 0) {
+        add(observer);
+      }
+    }
+    std::vector<Observer*> asked;
+    asked.swap(concerned_->askedNext);
+    for (Observer* observer : asked) {
       add(observer);
     }
-  }
-  std::vector<Observer*> asked;
-  asked.swap(askedNext_);
-  for (Observer* observer : asked) {
-    add(observer);
   }
   if (!frame.pending.empty()) {
     run(frame);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <unordered_set>
+#include <memory>
 #include <vector>
 
 namespace KelMediaLib {
@@ -50,15 +50,18 @@ class Subject {
   bool notifying() const { return notifications_ != nullptr; }
 
   /// The number of observers, of both kinds.
-  std::size_t numObservers() const { return observers_.size() + concerned_.size(); }
+  std::size_t numObservers() const;
 
  private:
   struct Notification;
+  // The observers attached with `attachConcerned`, and those of them that
+  // asked for the next notification: made with the first of them, since
+  // most subjects (a media's many parameters) never get one.
+  struct Concerned;
   void run(Notification& frame) const;
 
   mutable std::vector<Observer*> observers_;
-  mutable std::unordered_set<Observer*> concerned_;
-  mutable std::vector<Observer*> askedNext_;
+  mutable std::unique_ptr<Concerned> concerned_;
   // Innermost notification in progress; each one links to the one it runs in.
   mutable Notification* notifications_;
 };
