@@ -26,7 +26,7 @@ class ParameterRange;
 
 /// The parameter ranges of an action, in order of addition.
 typedef std::list<boost::shared_ptr<ParameterRange>> ParameterRangeList;
-/// Actions of one media, as bins and their enforcers hand them out.
+/// Actions of one media, in order, as bins hand them out.
 typedef std::list<boost::shared_ptr<const Action>> ActionList;
 
 /// A bounded stretch of time on one media during which parameters of that

@@ -9,6 +9,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <algorithm>
+#include <memory>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -83,15 +84,23 @@ class KeyFrame : public KelObject, public Cloneable {
   /// The observers that hold this key frame (the ranges it bounds), in order
   /// of attachment. A change of a parameter is told to the holders of the key
   /// frames it concerns, not to everything that observes the parameter.
-  const std::vector<Observer*>& holders() const { return holders_; }
+  const std::vector<Observer*>& holders() const {
+    static const std::vector<Observer*> none;
+    return holders_ ? *holders_ : none;
+  }
   /// Adds a holder; one attached already isn't added twice.
   void attachHolder(Observer* holder) const {
-    if (std::find(holders_.begin(), holders_.end(), holder) == holders_.end()) {
-      holders_.push_back(holder);
+    if (!holders_) {
+      holders_.reset(new std::vector<Observer*>());
+    }
+    if (std::find(holders_->begin(), holders_->end(), holder) == holders_->end()) {
+      holders_->push_back(holder);
     }
   }
   void detachHolder(Observer* holder) const {
-    holders_.erase(std::remove(holders_.begin(), holders_.end(), holder), holders_.end());
+    if (holders_) {
+      holders_->erase(std::remove(holders_->begin(), holders_->end(), holder), holders_->end());
+    }
   }
 
  private:
@@ -100,7 +109,9 @@ class KeyFrame : public KelObject, public Cloneable {
 
   long long time_;
   T value_;
-  mutable std::vector<Observer*> holders_;
+  // Made with the first holder: most key frames (a parameter's default, an
+  // animation's inner ones) bound no range.
+  mutable std::unique_ptr<std::vector<Observer*>> holders_;
 };
 
 }  // namespace KelMediaLib
