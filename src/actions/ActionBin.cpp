@@ -68,11 +68,8 @@ class ActionBin::MediaActions {
   std::size_t indexOf(const Action* action) const {
     const Block* block = blockOf_.at(action);
     std::size_t index = 0;
-    for (const auto& each : blocks_) {
-      if (each.get() == block) {
-        break;
-      }
-      index += each->size();
+    for (auto each = blocks_.begin(); each != placeOf(block); ++each) {
+      index += (*each)->size();
     }
     return index + offsetIn(*block, action);
   }
@@ -105,8 +102,7 @@ class ActionBin::MediaActions {
     blockOf_.erase(action);
     noLength_.erase(action);
     if (block->empty()) {
-      blocks_.erase(std::find_if(blocks_.begin(), blocks_.end(),
-                                 [block](const auto& each) { return each.get() == block; }));
+      blocks_.erase(placeOf(block));
     }
   }
 
@@ -114,8 +110,7 @@ class ActionBin::MediaActions {
   std::pair<const Action*, const Action*> neighbours(const Action* action) const {
     const Block* block = blockOf_.at(action);
     const std::size_t offset = offsetIn(*block, action);
-    const auto at = std::find_if(blocks_.begin(), blocks_.end(),
-                                 [block](const auto& each) { return each.get() == block; });
+    const auto at = placeOf(block);
     const Action* before = offset > 0              ? (*block)[offset - 1].get()
                            : at != blocks_.begin() ? (*std::prev(at))->back().get()
                                                    : nullptr;
@@ -214,6 +209,11 @@ class ActionBin::MediaActions {
  private:
   typedef std::vector<ActionPtr> Block;
   static const std::size_t kMaxBlock = 128;
+
+  std::vector<std::unique_ptr<Block>>::const_iterator placeOf(const Block* block) const {
+    return std::find_if(blocks_.begin(), blocks_.end(),
+                        [block](const auto& each) { return each.get() == block; });
+  }
 
   static std::size_t offsetIn(const Block& block, const Action* action) {
     return static_cast<std::size_t>(
