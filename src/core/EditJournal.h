@@ -69,6 +69,9 @@ class EditJournal {
   static EditJournal* discarding();
   EditJournal& operator=(const EditJournal&) = delete;
 
+  /// Whether this journal keeps states (all but `discarding()` do).
+  bool keeps() const { return keeps_; }
+
   /// The journal open on this thread; null when none is.
   static EditJournal* current();
 

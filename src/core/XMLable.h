@@ -29,6 +29,9 @@ class XMLable {
     /// from another element), so the text depends on the model alone: two
     /// writes of one model, or of the model read back, give the same bytes.
     unsigned int ident(const XMLIdentified& object);
+    /// An ident that no object has, for an element that nothing names and
+    /// whose object isn't there to be named (one written as it would be).
+    unsigned int newIdent() { return ++named_; }
     /// Whether the document has named `object` so far.
     bool named(const XMLIdentified& object) const;
 

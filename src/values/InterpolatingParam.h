@@ -7,9 +7,14 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <atomic>
+#include <mutex>
 #include <string>
 
 namespace KelMediaLib {
+
+/// Guards the making of interpolating parameters' companions.
+std::mutex& companionMutex();
 
 /// A parameter that moves smoothly between its key frames. Its companion
 /// parameter, "interpolater", holds at a key frame's time the interpolater
@@ -42,16 +47,40 @@ class InterpolatingParam : public Parameter<T> {
     // 64-bit axis) would overflow a 64-bit difference.
     const double fraction = (time - static_cast<double>(left->first)) /
                             (static_cast<double>(right->first) - static_cast<double>(left->first));
+    const Companion* made = existingCompanion();
     boost::shared_ptr<Interpolater<T>> interpolater =
-        interpolaters_->valueAt(static_cast<double>(left->first));
+        made ? made->parameter->valueAt(static_cast<double>(left->first)) : nullptr;
     if (!interpolater) {
       interpolater = LinearInterpolater<T>::getInstance();
     }
     return interpolater->interpolate(left->second->value(), right->second->value(), fraction);
   }
 
+  /// The companion; a parameter makes it when first asked (see
+  /// `releaseCompanionAtRest`). Safe from readers on several threads.
   boost::shared_ptr<InterpolaterParameter> interpolaterParameter() const override {
-    return interpolaters_;
+    return companion().parameter;
+  }
+
+  /// Frees the companion when it is at rest (the linear interpolater alone,
+  /// at 0) and nothing but this parameter holds it or its key frame, and no
+  /// journal that keeps states is open: a parameter that never needed other
+  /// interpolaters then costs no companion, which is made again, at rest,
+  /// when next asked for. The reader calls it on each parameter it reads.
+  /// Takes no lock: call it where no other thread can reach the parameter.
+  void releaseCompanionAtRest() {
+    const Companion* made = existingCompanion();
+    const EditJournal* journal = EditJournal::current();
+    if (!made || (journal && journal->keeps()) || made->parameter.use_count() != 1 ||
+        made->parameter->numObservers() != 1 || made->parameter->numKeyFrames() != 1) {
+      return;
+    }
+    const auto rest = made->parameter->keyFrame(0);
+    if (rest && rest.use_count() == 2 && rest->holders().empty() &&
+        rest->value() == LinearInterpolater<T>::getInstance()) {
+      companion_.store(nullptr, std::memory_order_relaxed);
+      delete made;
+    }
   }
 
   void copyKeyFramesFrom(const ParameterInterface& source) override {
@@ -61,9 +90,9 @@ class InterpolatingParam : public Parameter<T> {
                                  "\": can't copy the key frames of \"" + source.name() +
                                  "\", which isn't an interpolating parameter of the same type");
     }
-    {
+    if (existingCompanion() || typed->existingCompanion()) {
       const CompanionEdit edit(*this);
-      interpolaters_->copyKeyFramesFrom(*typed->interpolaters_);
+      companion().parameter->copyKeyFramesFrom(*typed->companion().parameter);
     }
     Parameter<T>::copyKeyFramesFrom(source);
   }
@@ -79,10 +108,9 @@ class InterpolatingParam : public Parameter<T> {
     if (oldTime != newTime && this->hasKeyFrameAt(newTime)) {
       Parameter<T>::moveKeyFrame(oldTime, newTime);  // throws: the place is taken
     }
-    if (oldTime != newTime && interpolaters_->hasKeyFrameAt(oldTime) &&
-        !interpolaters_->hasKeyFrameAt(newTime)) {
+    if (oldTime != newTime && companionHasKeyFrameAt(oldTime) && !companionHasKeyFrameAt(newTime)) {
       const CompanionEdit edit(*this);
-      interpolaters_->moveKeyFrame(oldTime, newTime);
+      companion().parameter->moveKeyFrame(oldTime, newTime);
     }
     Parameter<T>::moveKeyFrame(oldTime, newTime);
   }
@@ -93,14 +121,15 @@ class InterpolatingParam : public Parameter<T> {
     if (!this->hasKeyFrameAt(time)) {
       return Parameter<T>::removeKeyFrame(time);  // throws: nothing there
     }
-    if (interpolaters_->hasKeyFrameAt(time) && interpolaters_->numKeyFrames() > 1) {
+    const Companion* made = existingCompanion();
+    if (made && made->parameter->hasKeyFrameAt(time) && made->parameter->numKeyFrames() > 1) {
       const CompanionEdit edit(*this);
-      interpolaters_->removeKeyFrame(time);
+      made->parameter->removeKeyFrame(time);
     }
     return Parameter<T>::removeKeyFrame(time);
   }
 
-  ~InterpolatingParam() override { interpolaters_->detach(&relay_); }
+  ~InterpolatingParam() override { delete existingCompanion(); }
 
   /// `<InterpolatingParam id=".." name="..">` with the companion and the key frames.
   void xmlName(XMLable::Options& options) const override {
@@ -109,7 +138,11 @@ class InterpolatingParam : public Parameter<T> {
   void xmlBody(XMLable::Options& options, int depth) const override {
     writeIndent(options.out, depth);
     writeLiteral(options.out, "<Parameters>\n");
-    interpolaters_->toXML(options, depth + 1, std::string());
+    if (const Companion* made = existingCompanion()) {
+      made->parameter->toXML(options, depth + 1, std::string());
+    } else {
+      writeCompanionAtRest(options, depth + 1);
+    }
     writeIndent(options.out, depth);
     writeLiteral(options.out, "</Parameters>\n");
     this->writeKeyFrames(options, depth);
@@ -118,13 +151,7 @@ class InterpolatingParam : public Parameter<T> {
  protected:
   InterpolatingParam(boost::weak_ptr<const ThreadSafe> project, const std::string& name,
                      const T& defaultValue)
-      : Parameter<T>(project, name, defaultValue),
-        interpolaters_(InterpolaterParameter::create(
-            project, "interpolater",
-            boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()))),
-        relay_(*this) {
-    interpolaters_->attach(&relay_);
-  }
+      : Parameter<T>(project, name, defaultValue) {}
 
  private:
   class CompanionRelay : public Observer {
@@ -161,8 +188,67 @@ class InterpolatingParam : public Parameter<T> {
     bool was_;
   };
 
-  boost::shared_ptr<InterpolaterParameter> interpolaters_;
-  CompanionRelay relay_;
+  /// The companion and the relay attached to it, made together.
+  struct Companion {
+    explicit Companion(const InterpolatingParam& owner)
+        : parameter(InterpolaterParameter::create(
+              owner.projectMutex(), "interpolater",
+              boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()))),
+          relay(owner) {
+      parameter->attach(&relay);
+    }
+    ~Companion() { parameter->detach(&relay); }
+    Companion(const Companion&) = delete;
+    Companion& operator=(const Companion&) = delete;
+
+    const boost::shared_ptr<InterpolaterParameter> parameter;
+    CompanionRelay relay;
+  };
+
+  const Companion* existingCompanion() const { return companion_.load(std::memory_order_acquire); }
+
+  // Made under one lock for all parameters: it happens once a parameter, and
+  // readers holding the project's read lock may ask for it together.
+  const Companion& companion() const {
+    if (const Companion* made = existingCompanion()) {
+      return *made;
+    }
+    const std::lock_guard<std::mutex> lock(companionMutex());
+    const Companion* made = companion_.load(std::memory_order_relaxed);
+    if (!made) {
+      made = new Companion(*this);
+      companion_.store(made, std::memory_order_release);
+    }
+    return *made;
+  }
+
+  // A companion not yet made stands for one at rest: a key frame at 0.
+  bool companionHasKeyFrameAt(long long time) const {
+    const Companion* made = existingCompanion();
+    return made ? made->parameter->hasKeyFrameAt(time) : time == 0;
+  }
+
+  // What the companion at rest writes, its ident a new one, as the
+  // companion's own would be: nothing else names a companion.
+  void writeCompanionAtRest(XMLable::Options& options, int depth) const {
+    std::ostream& out = options.out;
+    writeIndent(out, depth);
+    writeLiteral(out, "<Parameter id=\"");
+    writeXMLValue(out, options.newIdent());
+    writeLiteral(out, "\" name=\"interpolater\">\n");
+    writeIndent(out, depth + 1);
+    writeLiteral(out, "<Keyframes>\n");
+    writeIndent(out, depth + 2);
+    writeLiteral(out, "<Keyframe time=\"0\" value=\"");
+    writeXMLValue(out, boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()));
+    writeLiteral(out, "\"/>\n");
+    writeIndent(out, depth + 1);
+    writeLiteral(out, "</Keyframes>\n");
+    writeIndent(out, depth);
+    writeLiteral(out, "</Parameter>\n");
+  }
+
+  mutable std::atomic<const Companion*> companion_{nullptr};
   mutable bool editingCompanion_ = false;
 };
 

@@ -5,6 +5,11 @@
 
 namespace KelMediaLib {
 
+std::mutex& companionMutex() {
+  static std::mutex mutex;
+  return mutex;
+}
+
 template class Parameter<double>;
 template class Parameter<float>;
 template class Parameter<int>;

@@ -1,6 +1,7 @@
 #include "values/InterpolatingParam.h"
 
 #include "core/KelMediaLibException.h"
+#include "core/EditJournal.h"
 #include "values/Interpolater.h"
 #include "values/KeyFrame.h"
 #include "values/ParameterTestSupport.h"
@@ -9,11 +10,13 @@
 #include <gtest/gtest.h>
 
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -260,6 +263,112 @@ TEST_F(InterpolatingParamTest, CompanionEditsReachTheParametersObserversOnce) {
   scale->removeKeyFrame(12);
   EXPECT_EQ(3, observer.count);
   scale->detach(&observer);
+}
+
+}  // namespace
+
+namespace {
+
+// A parameter makes its companion when first asked for it. Until then it
+// acts as one whose companion rests (linear at 0): each edit, made on a
+// parameter whose companion is made and on one whose isn't, gives the same
+// text, values and companion.
+TEST_F(InterpolatingParamTest, ACompanionNotYetMadeActsAsOneAtRest) {
+  const struct {
+    const char* edit;
+    std::function<void(InterpolatingParam<double>&)> run;
+  } cases[] = {{"none", [](auto&) {}},
+               {"key frames added", [](auto& p) { p.addKeyFrame(10, 3.0); }},
+               {"the key frame at 0 moved", [](auto& p) { p.moveKeyFrame(0, 5); }},
+               {"the key frame at 0 removed",
+                [](auto& p) {
+                  p.addKeyFrame(10, 3.0);
+                  p.removeKeyFrame(0);
+                }},
+               {"another's key frames copied", [](auto& p) {
+                  const auto other = InterpolatingParam<double>::create(
+                      parameterTests::newProject(), "other", 0.0);
+                  other->addKeyFrame(10, 2.0);
+                  other->interpolaterParameter()->addKeyFrame(10, easeIn());
+                  p.copyKeyFramesFrom(*other);
+                }}};
+  for (const auto& c : cases) {
+    const auto made = InterpolatingParam<double>::create(project, "scale", 1.0);
+    const auto notMade = InterpolatingParam<double>::create(project, "scale", 1.0);
+    made->interpolaterParameter();
+    c.run(*made);
+    c.run(*notMade);
+    EXPECT_EQ(xmlOf(*made), xmlOf(*notMade)) << c.edit;
+    EXPECT_EQ(made->valueAt(7.5), notMade->valueAt(7.5)) << c.edit;
+    EXPECT_EQ(timesOf(*made->interpolaterParameter()), timesOf(*notMade->interpolaterParameter()))
+        << c.edit;
+    EXPECT_EQ(xmlOf(*made), xmlOf(*notMade)) << c.edit << ", companion made";
+  }
+}
+
+// A companion at rest is freed, to be made afresh when asked for, unless
+// something else holds it or a journal could take it back.
+TEST_F(InterpolatingParamTest, ReleasesACompanionOnlyAtRestAndUnheld) {
+  using Held = boost::shared_ptr<const void>;
+  const struct {
+    const char* state;
+    std::function<Held(InterpolatingParam<double>&)> prepare;
+    bool journalOpen;
+    bool released;
+  } cases[] = {
+      {"at rest", [](auto&) { return Held(); }, false, true},
+      {"at rest again",
+       [](auto& p) {
+         p.interpolaterParameter()->addKeyFrame(10, easeIn());
+         p.interpolaterParameter()->removeKeyFrame(10);
+         return Held();
+       },
+       false, true},
+      {"held by a caller", [](auto& p) { return Held(p.interpolaterParameter()); }, false, false},
+      {"its key frame held", [](auto& p) { return Held(p.interpolaterParameter()->keyFrame(0)); },
+       false, false},
+      {"another interpolater",
+       [](auto& p) {
+         p.interpolaterParameter()->setKeyFrameValue(0, left());
+         return Held();
+       },
+       false, false},
+      {"two key frames",
+       [](auto& p) {
+         p.interpolaterParameter()->addKeyFrame(10, easeIn());
+         return Held();
+       },
+       false, false},
+      {"a journal open", [](auto&) { return Held(); }, true, false}};
+  for (const auto& c : cases) {
+    const auto param = InterpolatingParam<double>::create(project, "scale", 1.0);
+    const boost::weak_ptr<const void> before = param->interpolaterParameter();
+    const Held held = c.prepare(*param);
+    const std::string text = xmlOf(*param);
+    if (c.journalOpen) {
+      KelMediaLib::EditJournal journal;
+      const KelMediaLib::EditJournal::Scope scope(&journal);
+      param->releaseCompanionAtRest();
+    } else {
+      param->releaseCompanionAtRest();
+    }
+    EXPECT_EQ(c.released, before.expired()) << c.state;
+    EXPECT_EQ(text, xmlOf(*param)) << c.state;
+  }
+}
+
+TEST(InterpolatingParamConcurrency, ReadersAskingFirstShareOneCompanion) {
+  const auto param = InterpolatingParam<double>::create(parameterTests::newProject(), "scale", 1.0);
+  std::vector<const void*> seen(4);
+  std::vector<std::thread> readers;
+  for (std::size_t i = 0; i < seen.size(); ++i) {
+    readers.emplace_back([&, i] {
+      seen[i] = param->interpolaterParameter().get();
+      EXPECT_EQ(1.0, param->valueAt(5));
+    });
+  }
+  for (std::thread& reader : readers) reader.join();
+  for (const void* companion : seen) EXPECT_EQ(seen[0], companion);
 }
 
 }  // namespace

@@ -38,12 +38,9 @@ std::uint64_t remainingSize(std::istream& in) {
   return static_cast<std::uint64_t>(end - here);
 }
 
-// How many elements end between two clearings of the history while loading.
-const int kElementsBetweenClears = 4096;
-
-// The commands that built a project are no edit the user could undo: they
-// leave its history as they go, every few thousand elements and at the end,
-// instead of holding more memory than the model until the load is over.
+// The commands that built a project are no edit the user could undo; run
+// under the discarding journal they are not recorded, and at the end the
+// history names the state as loaded.
 void clearHistory(const boost::shared_ptr<Project>& project) {
   if (const auto inner = boost::dynamic_pointer_cast<InternalProject>(project)) {
     inner->clearHistory();
@@ -68,7 +65,6 @@ struct Parser::Expat {
   Expat(const Expat&) = delete;
   Expat& operator=(const Expat&) = delete;
   XML_Parser parser;
-  int endedSinceClear = 0;
 };
 
 extern "C" {
@@ -117,7 +113,7 @@ boost::shared_ptr<Project> Parser::parseProject(std::istream& in) {
   expat_ = &expat;
   // Until the load is over the project is the parser's alone, a failed load
   // hands out nothing, and the commands that build it can't be undone (the
-  // history is cleared as the load goes). So nothing of the load is
+  // history records none of them). So nothing of the load is
   // journaled: no command gets the journal of its own that a user's edit
   // gets, whose states cost more than the edit, and no object keeps notes.
   const EditJournal::Scope journal(EditJournal::discarding());
@@ -212,10 +208,6 @@ void Parser::endElement(const char* name) {
   try {
     stack_.back()->endElement(name);
     stack_.pop_back();
-    if (++expat_->endedSinceClear == kElementsBetweenClears) {
-      expat_->endedSinceClear = 0;
-      clearHistory(startState_->project());
-    }
   } catch (...) {
     fail();
   }

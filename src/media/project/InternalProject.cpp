@@ -157,10 +157,14 @@ bool InternalProject::execute(boost::shared_ptr<Command> command) {
     if (journal) {
       journal->seal();
     }
-    history_.record(command, journal);
-    if (combineNext_) {
-      combineNext_ = false;
-      history_.combineLast();
+    // Under a journal that keeps nothing (a project being read) nobody will
+    // undo: the history keeps nothing either.
+    if (journal || EditJournal::current()->keeps()) {
+      history_.record(command, journal);
+      if (combineNext_) {
+        combineNext_ = false;
+        history_.combineLast();
+      }
     }
   }
   tell(&CommandObserver::commandExecuted, command);

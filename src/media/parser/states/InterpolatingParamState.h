@@ -31,6 +31,12 @@ class InterpolatingParamState : public ParserState {
     throwUnexpectedName(name, "InterpolatingParamState");
   }
 
+  /// A companion read at rest is not kept: most parameters of a project
+  /// never need one.
+  void endElement(const char*) override {
+    boost::const_pointer_cast<InterpolatingParam<T>>(parameter_)->releaseCompanionAtRest();
+  }
+
  private:
   parser::ParameterContext context_;
   boost::shared_ptr<const InterpolatingParam<T>> parameter_;
