@@ -4,18 +4,20 @@
 
 namespace KelMediaLib {
 
-/// An object known by a name, such as a parameter ("opacity", "scale0").
-/// The name is plain data: callers that share the object across threads read
-/// it under the project's read lock.
+/// An object known by a name that never changes, such as a parameter
+/// ("opacity", "scale0"): its owner finds it by that name. A base of no
+/// polymorphism of its own (nothing is deleted through it), so that it adds
+/// only the name to each of the many objects that have one.
 class Identified {
  public:
   explicit Identified(std::string name = std::string());
-  virtual ~Identified();
 
   const std::string& name() const { return name_; }
 
  protected:
-  void setName(const std::string& name) { name_ = name; }
+  ~Identified();
+  Identified(const Identified&) = default;
+  Identified& operator=(const Identified&) = default;
 
  private:
   std::string name_;

@@ -15,8 +15,12 @@ struct Subject::Notification {
   Notification* outer;
 };
 
-struct Subject::Concerned {
-  std::unordered_set<Observer*> observers;
+struct Subject::Observers {
+  // Those attached with `attach`, in order of attachment.
+  std::vector<Observer*> all;
+  // Those attached with `attachConcerned`, and those of them that asked for
+  // the next notification.
+  std::unordered_set<Observer*> concerned;
   std::vector<Observer*> askedNext;
 };
 
@@ -30,57 +34,67 @@ Subject& Subject::operator=(const Subject&) {
 
 Subject::~Subject() = default;
 
+Subject::Observers& Subject::observers() const {
+  if (!observers_) {
+    observers_.reset(new Observers());
+  }
+  return *observers_;
+}
+
 void Subject::attach(Observer* observer) const {
-  if (std::find(observers_.begin(), observers_.end(), observer) == observers_.end()) {
-    observers_.push_back(observer);
+  std::vector<Observer*>& all = observers().all;
+  if (std::find(all.begin(), all.end(), observer) == all.end()) {
+    all.push_back(observer);
   }
 }
 
 std::size_t Subject::numObservers() const {
-  return observers_.size() + (concerned_ ? concerned_->observers.size() : 0);
+  return observers_ ? observers_->all.size() + observers_->concerned.size() : 0;
 }
 
 void Subject::attachConcerned(Observer* observer) const {
-  if (!concerned_) {
-    concerned_.reset(new Concerned());
-  }
-  concerned_->observers.insert(observer);
+  observers().concerned.insert(observer);
 }
 
 void Subject::detach(Observer* observer) const {
-  const auto found = std::find(observers_.begin(), observers_.end(), observer);
-  if (found != observers_.end()) {
-    observers_.erase(found);
-  } else if (!concerned_ || concerned_->observers.erase(observer) == 0) {
+  if (!observers_) {
     return;
   }
-  if (concerned_) {
-    std::vector<Observer*>& asked = concerned_->askedNext;
-    asked.erase(std::remove(asked.begin(), asked.end(), observer), asked.end());
+  std::vector<Observer*>& all = observers_->all;
+  const auto found = std::find(all.begin(), all.end(), observer);
+  if (found != all.end()) {
+    all.erase(found);
+  } else if (observers_->concerned.erase(observer) == 0) {
+    return;
   }
+  std::vector<Observer*>& asked = observers_->askedNext;
+  asked.erase(std::remove(asked.begin(), asked.end(), observer), asked.end());
   for (Notification* n = notifications_; n; n = n->outer) {
     std::replace(n->pending.begin(), n->pending.end(), observer, static_cast<Observer*>(nullptr));
   }
 }
 
 void Subject::askNextNotification(Observer* observer) const {
-  if (concerned_ && concerned_->observers.count(observer) != 0 &&
-      std::find(concerned_->askedNext.begin(), concerned_->askedNext.end(), observer) ==
-          concerned_->askedNext.end()) {
-    concerned_->askedNext.push_back(observer);
+  if (observers_ && observers_->concerned.count(observer) != 0 &&
+      std::find(observers_->askedNext.begin(), observers_->askedNext.end(), observer) ==
+          observers_->askedNext.end()) {
+    observers_->askedNext.push_back(observer);
   }
 }
 
 void Subject::notify() const {
-  if (observers_.empty()) {
+  if (!observers_ || observers_->all.empty()) {
     return;
   }
-  Notification frame{observers_, notifications_};
+  Notification frame{observers_->all, notifications_};
   run(frame);
 }
 
 void Subject::notifyConcerned(const std::vector<Observer*>& concerned) const {
-  Notification frame{observers_, notifications_};
+  if (!observers_) {
+    return;
+  }
+  Notification frame{observers_->all, notifications_};
   const std::size_t first = frame.pending.size();
   const auto add = [&frame, first](Observer* observer) {
     if (std::find(frame.pending.begin() + static_cast<std::ptrdiff_t>(first), frame.pending.end(),
@@ -88,17 +102,15 @@ void Subject::notifyConcerned(const std::vector<Observer*>& concerned) const {
       frame.pending.push_back(observer);
     }
   };
-  if (concerned_) {
-    for (Observer* observer : concerned) {
-      if (concerned_->observers.count(observer) != 0) {
-        add(observer);
-      }
-    }
-    std::vector<Observer*> asked;
-    asked.swap(concerned_->askedNext);
-    for (Observer* observer : asked) {
+  for (Observer* observer : concerned) {
+    if (observers_->concerned.count(observer) != 0) {
       add(observer);
     }
+  }
+  std::vector<Observer*> asked;
+  asked.swap(observers_->askedNext);
+  for (Observer* observer : asked) {
+    add(observer);
   }
   if (!frame.pending.empty()) {
     run(frame);

@@ -54,14 +54,14 @@ class Subject {
 
  private:
   struct Notification;
-  // The observers attached with `attachConcerned`, and those of them that
-  // asked for the next notification: made with the first of them, since
-  // most subjects (a media's many parameters) never get one.
-  struct Concerned;
+  // The observers, made with the first of them: most subjects (a media's
+  // many parameters) never get one, and an empty list costs a subject more
+  // than the rest of what it keeps.
+  struct Observers;
   void run(Notification& frame) const;
+  Observers& observers() const;
 
-  mutable std::vector<Observer*> observers_;
-  mutable std::unique_ptr<Concerned> concerned_;
+  mutable std::unique_ptr<Observers> observers_;
   // Innermost notification in progress; each one links to the one it runs in.
   mutable Notification* notifications_;
 };

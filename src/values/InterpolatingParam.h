@@ -91,8 +91,8 @@ class InterpolatingParam : public Parameter<T> {
                                  "\", which isn't an interpolating parameter of the same type");
     }
     if (existingCompanion() || typed->existingCompanion()) {
-      const CompanionEdit edit(*this);
-      companion().parameter->copyKeyFramesFrom(*typed->companion().parameter);
+      const CompanionEdit edit(companion());
+      edit.parameter().copyKeyFramesFrom(*typed->companion().parameter);
     }
     Parameter<T>::copyKeyFramesFrom(source);
   }
@@ -109,8 +109,8 @@ class InterpolatingParam : public Parameter<T> {
       Parameter<T>::moveKeyFrame(oldTime, newTime);  // throws: the place is taken
     }
     if (oldTime != newTime && companionHasKeyFrameAt(oldTime) && !companionHasKeyFrameAt(newTime)) {
-      const CompanionEdit edit(*this);
-      companion().parameter->moveKeyFrame(oldTime, newTime);
+      const CompanionEdit edit(companion());
+      edit.parameter().moveKeyFrame(oldTime, newTime);
     }
     Parameter<T>::moveKeyFrame(oldTime, newTime);
   }
@@ -123,8 +123,8 @@ class InterpolatingParam : public Parameter<T> {
     }
     const Companion* made = existingCompanion();
     if (made && made->parameter->hasKeyFrameAt(time) && made->parameter->numKeyFrames() > 1) {
-      const CompanionEdit edit(*this);
-      made->parameter->removeKeyFrame(time);
+      const CompanionEdit edit(*made);
+      edit.parameter().removeKeyFrame(time);
     }
     return Parameter<T>::removeKeyFrame(time);
   }
@@ -163,29 +163,16 @@ class InterpolatingParam : public Parameter<T> {
     // notification would be called back inside it) nor while it edits the
     // companion as part of its own edit, which notifies once when whole.
     void observerUpdate() override {
-      if (!owner_.notifying() && !owner_.editingCompanion_) {
+      if (!owner_.notifying() && !editing) {
         owner_.notify();
       }
     }
 
-   private:
-    const InterpolatingParam& owner_;
-  };
-
-  /// Marks an edit of the companion made by the parameter itself.
-  class CompanionEdit {
-   public:
-    explicit CompanionEdit(const InterpolatingParam& owner)
-        : owner_(owner), was_(owner.editingCompanion_) {
-      owner_.editingCompanion_ = true;
-    }
-    ~CompanionEdit() { owner_.editingCompanion_ = was_; }
-    CompanionEdit(const CompanionEdit&) = delete;
-    CompanionEdit& operator=(const CompanionEdit&) = delete;
+    // Set while the parameter edits the companion.
+    mutable bool editing = false;
 
    private:
     const InterpolatingParam& owner_;
-    bool was_;
   };
 
   /// The companion and the relay attached to it, made together.
@@ -203,6 +190,24 @@ class InterpolatingParam : public Parameter<T> {
 
     const boost::shared_ptr<InterpolaterParameter> parameter;
     CompanionRelay relay;
+  };
+
+  /// Marks an edit of the companion made by the parameter itself.
+  class CompanionEdit {
+   public:
+    explicit CompanionEdit(const Companion& companion)
+        : companion_(companion), was_(companion.relay.editing) {
+      companion_.relay.editing = true;
+    }
+    ~CompanionEdit() { companion_.relay.editing = was_; }
+    CompanionEdit(const CompanionEdit&) = delete;
+    CompanionEdit& operator=(const CompanionEdit&) = delete;
+
+    InterpolaterParameter& parameter() const { return *companion_.parameter; }
+
+   private:
+    const Companion& companion_;
+    bool was_;
   };
 
   const Companion* existingCompanion() const { return companion_.load(std::memory_order_acquire); }
@@ -249,7 +254,6 @@ class InterpolatingParam : public Parameter<T> {
   }
 
   mutable std::atomic<const Companion*> companion_{nullptr};
-  mutable bool editingCompanion_ = false;
 };
 
 extern template class InterpolatingParam<double>;

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <new>
+#include <stdexcept>
 #include <type_traits>
 #include <utility>
 
@@ -516,6 +518,9 @@ class KeyFrameStore {
   // Inserts a new key at `slot` of the leaf at the end of `path`, splitting
   // full nodes from the leaf upwards.
   iterator insert(Step* path, Leaf* leaf, int slot, long long key, V& value) {
+    if (size_ == std::numeric_limits<std::uint32_t>::max()) {
+      throw std::length_error("a key frame store holds at most 2^32 - 1 values");
+    }
     if (leaf->count < leaf->capacity()) {
       put(leaf, slot, key, value);
       ++size_;
@@ -837,7 +842,9 @@ class KeyFrameStore {
   Leaf* first_;
   Leaf* last_;
   int height_;  // levels of inner nodes above the leaves
-  size_type size_;
+  // 32 bits, beside the height: every parameter has a store, most of one
+  // key frame.
+  std::uint32_t size_;
 };
 
 }  // namespace KelMediaLib

@@ -26,16 +26,20 @@ long long Parametric::toLocalTime(long long time) const {
   return time;
 }
 
-std::vector<Parametric::Name>::const_iterator Parametric::findName(const std::string& name) const {
-  return std::lower_bound(
-      byName_.begin(), byName_.end(), name,
-      [](const Name& entry, const std::string& key) { return entry.first < key; });
+std::vector<std::uint32_t>::const_iterator Parametric::findName(const std::string& name) const {
+  return std::lower_bound(byName_.begin(), byName_.end(), name,
+                          [this](std::uint32_t index, const std::string& key) {
+                            return ordered_[index]->name() < key;
+                          });
+}
+
+bool Parametric::hasName(const std::string& name) const {
+  const auto found = findName(name);
+  return found != byName_.end() && ordered_[*found]->name() == name;
 }
 
 boost::shared_ptr<ParameterInterface> Parametric::parameterNamed(const std::string& name) const {
-  const auto found = findName(name);
-  return found == byName_.end() || found->first != name ? boost::shared_ptr<ParameterInterface>()
-                                                        : ordered_[found->second];
+  return hasName(name) ? ordered_[*findName(name)] : boost::shared_ptr<ParameterInterface>();
 }
 
 std::vector<boost::shared_ptr<ParameterInterface>> Parametric::parameters() const {
@@ -46,25 +50,22 @@ void Parametric::registerParameter(const boost::shared_ptr<ParameterInterface>& 
   if (!parameter) {
     throw KelMediaLibException("a parametric can't register a null parameter");
   }
-  const auto at = findName(parameter->name());
-  if (at != byName_.end() && at->first == parameter->name()) {
+  if (hasName(parameter->name())) {
     throw KelMediaLibException("a parametric already has a parameter named \"" + parameter->name() +
                                "\"");
   }
   // Room first in both, so that nothing is half registered if memory fails.
-  const auto place = at - byName_.begin();
+  const auto place = findName(parameter->name()) - byName_.begin();
   byName_.reserve(byName_.size() + 1);
   ordered_.reserve(ordered_.size() + 1);
-  byName_.insert(byName_.begin() + place, Name(parameter->name(), ordered_.size()));
+  byName_.insert(byName_.begin() + place, static_cast<std::uint32_t>(ordered_.size()));
   ordered_.push_back(parameter);
 }
 
 void Parametric::registerVector(const VectorParam& vector) {
   // Checked first, so that a clash leaves no member of the vector behind.
   for (int i = 0; i < vector.numDimensions(); ++i) {
-    const std::string& name = vector.at(i)->name();
-    const auto found = findName(name);
-    if (found != byName_.end() && found->first == name) {
+    if (hasName(vector.at(i)->name())) {
       throw KelMediaLibException("a parametric already has a parameter named \"" +
                                  vector.at(i)->name() + "\"");
     }

@@ -5,8 +5,8 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace KelMediaLib {
@@ -50,14 +50,16 @@ class Parametric : public virtual XMLIdentified {
   void registerVector(const VectorParam& vector);
 
  private:
-  typedef std::pair<std::string, std::size_t> Name;  // a name and its index in `ordered_`
-  /// The entry of `name` in `byName_`, or where it would go.
-  std::vector<Name>::const_iterator findName(const std::string& name) const;
+  /// The place in `byName_` where `name` is or would go.
+  std::vector<std::uint32_t>::const_iterator findName(const std::string& name) const;
+  /// Whether a parameter of that name is registered.
+  bool hasName(const std::string& name) const;
 
   std::vector<boost::shared_ptr<ParameterInterface>> ordered_;
-  // Sorted by name: a media has a few dozen parameters, and a map's node for
-  // each was a tenth of a loaded project's memory.
-  std::vector<Name> byName_;
+  // Indices into `ordered_`, sorted by the parameters' names: a media has a
+  // few dozen parameters, and a copy of each name (or a map's node) was a
+  // good part of a loaded project's memory.
+  std::vector<std::uint32_t> byName_;
 };
 
 }  // namespace KelMediaLib
