@@ -19,9 +19,12 @@ struct Subject::Observers {
   // Those attached with `attach`, in order of attachment.
   std::vector<Observer*> all;
   // Those attached with `attachConcerned`, and those of them that asked for
-  // the next notification.
-  std::unordered_set<Observer*> concerned;
-  std::vector<Observer*> askedNext;
+  // the next notification (most subjects with observers have none).
+  struct Concerned {
+    std::unordered_set<Observer*> observers;
+    std::vector<Observer*> askedNext;
+  };
+  std::unique_ptr<Concerned> concerned;
 };
 
 Subject::Subject() : notifications_(nullptr) {}
@@ -49,11 +52,19 @@ void Subject::attach(Observer* observer) const {
 }
 
 std::size_t Subject::numObservers() const {
-  return observers_ ? observers_->all.size() + observers_->concerned.size() : 0;
+  if (!observers_) {
+    return 0;
+  }
+  return observers_->all.size() +
+         (observers_->concerned ? observers_->concerned->observers.size() : 0);
 }
 
 void Subject::attachConcerned(Observer* observer) const {
-  observers().concerned.insert(observer);
+  Observers& all = observers();
+  if (!all.concerned) {
+    all.concerned.reset(new Observers::Concerned());
+  }
+  all.concerned->observers.insert(observer);
 }
 
 void Subject::detach(Observer* observer) const {
@@ -64,21 +75,27 @@ void Subject::detach(Observer* observer) const {
   const auto found = std::find(all.begin(), all.end(), observer);
   if (found != all.end()) {
     all.erase(found);
-  } else if (observers_->concerned.erase(observer) == 0) {
+  } else if (!observers_->concerned || observers_->concerned->observers.erase(observer) == 0) {
     return;
   }
-  std::vector<Observer*>& asked = observers_->askedNext;
-  asked.erase(std::remove(asked.begin(), asked.end(), observer), asked.end());
+  if (observers_->concerned) {
+    std::vector<Observer*>& asked = observers_->concerned->askedNext;
+    asked.erase(std::remove(asked.begin(), asked.end(), observer), asked.end());
+  }
   for (Notification* n = notifications_; n; n = n->outer) {
     std::replace(n->pending.begin(), n->pending.end(), observer, static_cast<Observer*>(nullptr));
   }
 }
 
 void Subject::askNextNotification(Observer* observer) const {
-  if (observers_ && observers_->concerned.count(observer) != 0 &&
-      std::find(observers_->askedNext.begin(), observers_->askedNext.end(), observer) ==
-          observers_->askedNext.end()) {
-    observers_->askedNext.push_back(observer);
+  if (!observers_ || !observers_->concerned) {
+    return;
+  }
+  Observers::Concerned& concerned = *observers_->concerned;
+  if (concerned.observers.count(observer) != 0 &&
+      std::find(concerned.askedNext.begin(), concerned.askedNext.end(), observer) ==
+          concerned.askedNext.end()) {
+    concerned.askedNext.push_back(observer);
   }
 }
 
@@ -102,15 +119,17 @@ void Subject::notifyConcerned(const std::vector<Observer*>& concerned) const {
       frame.pending.push_back(observer);
     }
   };
-  for (Observer* observer : concerned) {
-    if (observers_->concerned.count(observer) != 0) {
+  if (observers_->concerned) {
+    for (Observer* observer : concerned) {
+      if (observers_->concerned->observers.count(observer) != 0) {
+        add(observer);
+      }
+    }
+    std::vector<Observer*> asked;
+    asked.swap(observers_->concerned->askedNext);
+    for (Observer* observer : asked) {
       add(observer);
     }
-  }
-  std::vector<Observer*> asked;
-  asked.swap(observers_->askedNext);
-  for (Observer* observer : asked) {
-    add(observer);
   }
   if (!frame.pending.empty()) {
     run(frame);

@@ -11,9 +11,14 @@ using KelMediaLib::ThreadSafe;
 
 namespace {
 
+// A part is always something else as well.
+struct Part : SubProject {
+  using SubProject::SubProject;
+};
+
 TEST(ThreadSafeTest, PartReachesTheOwnersLockUntilTheOwnerEnds) {
   boost::shared_ptr<ThreadSafe> owner = boost::make_shared<ThreadSafe>();
-  SubProject part(owner);
+  Part part(owner);
   EXPECT_EQ(&owner->mutex(), &part.projectMutex().lock()->mutex());
 
   // The part holds its owner weakly: it doesn't keep the owner alive.

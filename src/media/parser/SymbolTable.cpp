@@ -13,28 +13,28 @@ SymbolTable::SymbolTable() = default;
 SymbolTable::~SymbolTable() = default;
 
 void SymbolTable::addSymbol(unsigned int ident, const boost::shared_ptr<const Source>& source) {
-  sources_[ident] = source;
+  sources_.put(ident, source);
 }
 
 void SymbolTable::addSymbol(unsigned int ident, const boost::shared_ptr<const Media>& media) {
-  media_[ident] = media;
+  media_.put(ident, media);
 }
 
 void SymbolTable::addSymbol(unsigned int ident, const boost::shared_ptr<const Track>& track) {
-  tracks_[ident] = track;
+  tracks_.put(ident, track);
 }
 
 void SymbolTable::addSymbol(unsigned int ident, const boost::shared_ptr<const Effect>& effect) {
-  effects_[ident] = effect;
+  effects_.put(ident, effect);
 }
 
 void SymbolTable::addParameterSymbol(unsigned int ident,
                                      const boost::shared_ptr<const Parameter<double>>& parameter) {
-  parameters_[ident] = parameter;
+  parameters_.put(ident, parameter);
 }
 
 bool SymbolTable::hasSymbolForIdent(unsigned int ident) const {
-  return sources_.count(ident) != 0 || media_.count(ident) != 0;
+  return sources_.find(ident) || media_.find(ident);
 }
 
 }  // namespace KelMediaLib

@@ -4,7 +4,11 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <algorithm>
+#include <cstddef>
 #include <map>
+#include <utility>
+#include <vector>
 
 namespace KelMediaLib {
 
@@ -43,8 +47,47 @@ class SymbolTable : public KelObject {
   bool hasSymbolForIdent(unsigned int ident) const;
 
  private:
+  /// The objects of one kind by ident. A writer numbers a document's objects
+  /// in order, so most idents come ascending and go to the end of a sorted
+  /// vector; one out of order (a hand-made file) goes into a map. A load of
+  /// thousands of media enters a quarter of a million parameters, and a
+  /// map's node for each was the most the load held beside the model.
   template <class Base>
-  using Table = std::map<unsigned int, boost::shared_ptr<const Base>>;
+  class Table {
+   public:
+    void put(unsigned int ident, const boost::shared_ptr<const Base>& object) {
+      const std::size_t at = placeOf(ident);
+      if (at == ascending_.size()) {
+        ascending_.emplace_back(ident, object);
+      } else if (ascending_[at].first == ident) {
+        ascending_[at].second = object;
+      } else {
+        others_[ident] = object;
+      }
+    }
+    /// The entry of `ident`; null if there is none.
+    const boost::shared_ptr<const Base>* find(unsigned int ident) const {
+      const std::size_t at = placeOf(ident);
+      if (at < ascending_.size() && ascending_[at].first == ident) {
+        return &ascending_[at].second;
+      }
+      const auto other = others_.find(ident);
+      return other == others_.end() ? nullptr : &other->second;
+    }
+
+   private:
+    typedef std::pair<unsigned int, boost::shared_ptr<const Base>> Entry;
+    // Where `ident` is or would go in the ascending entries.
+    std::size_t placeOf(unsigned int ident) const {
+      return static_cast<std::size_t>(
+          std::lower_bound(ascending_.begin(), ascending_.end(), ident,
+                           [](const Entry& entry, unsigned int key) { return entry.first < key; }) -
+          ascending_.begin());
+    }
+
+    std::vector<Entry> ascending_;
+    std::map<unsigned int, boost::shared_ptr<const Base>> others_;
+  };
 
   const Table<Source>& table(const Source*) const { return sources_; }
   const Table<Media>& table(const Media*) const { return media_; }

@@ -13,13 +13,13 @@ namespace KelMediaLib {
 /// together with the complete types of the objects looked up.
 template <class T, class Map>
 boost::shared_ptr<const T> symbolFinder(const Map& table, unsigned int ident) {
-  const auto found = table.find(ident);
-  if (found == table.end()) {
+  const auto* found = table.find(ident);
+  if (!found) {
     std::printf("symbolFinder throw Ident = %u", ident);
     std::fflush(stdout);
     throw ValueException<unsigned int>("ident not found in source table", ident);
   }
-  return boost::dynamic_pointer_cast<const T>(found->second);
+  return boost::dynamic_pointer_cast<const T>(*found);
 }
 
 template <class T>
