@@ -341,7 +341,7 @@ class KeyFrameStore {
   // A leaf's keys, then its slots, follow it in the same block. Most
   // parameters hold a single key frame, for which a full leaf is thirty times
   // the size of the key and value: so a store that is one leaf starts with
-  // room for one value and doubles it as it fills, up to LeafSlots. Every
+  // room for one value and grows as it fills, up to LeafSlots. Every
   // leaf of a taller tree is full size, and only those are searched by blocks.
   struct Leaf : Node {
     explicit Leaf(int capacity) : room(capacity < LeafSlots ? capacity : kLeafKeys) {
@@ -527,8 +527,10 @@ class KeyFrameStore {
       return iterator(leaf, slot);
     }
     if (!leaf->full()) {
-      // A small leaf is the whole tree; it moves into one twice its size.
-      Leaf* larger = makeLeaf(std::min(2 * leaf->capacity(), LeafSlots));
+      // A small leaf is the whole tree; it moves into one half as large
+      // again (and one more), which wastes less of a leaf's room than
+      // doubling and copies a few values more often.
+      Leaf* larger = makeLeaf(std::min(leaf->capacity() + leaf->capacity() / 2 + 1, LeafSlots));
       for (int i = 0; i < leaf->count; ++i) {
         relocate(leaf, i, larger, i);
       }
@@ -770,11 +772,7 @@ class KeyFrameStore {
 
   // The smallest capacity of a lone leaf that holds `count` values.
   static int fitting(size_type count) {
-    int capacity = 1;
-    while (capacity < LeafSlots && static_cast<size_type>(capacity) < count) {
-      capacity *= 2;
-    }
-    return std::min(capacity, LeafSlots);
+    return static_cast<int>(std::min<size_type>(std::max<size_type>(count, 1), LeafSlots));
   }
 
   // Copies the subtree of `source`, `height` levels above its leaves, into

@@ -33,6 +33,10 @@ void SymbolTable::addParameterSymbol(unsigned int ident,
   parameters_.put(ident, parameter);
 }
 
+void SymbolTable::forgetParameters() {
+  parameters_.clear();
+}
+
 bool SymbolTable::hasSymbolForIdent(unsigned int ident) const {
   return sources_.find(ident) || media_.find(ident);
 }

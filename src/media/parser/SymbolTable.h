@@ -33,6 +33,9 @@ class SymbolTable : public KelObject {
   void addSymbol(unsigned int ident, const boost::shared_ptr<const Effect>& effect);
   void addParameterSymbol(unsigned int ident,
                           const boost::shared_ptr<const Parameter<double>>& parameter);
+  /// Forgets the parameters entered so far (those of a media whose element
+  /// has ended), keeping the room they took for the next ones.
+  void forgetParameters();
 
   /// The object of kind `T` entered under `ident`, or null if the entry is of
   /// another kind of the same table. An ident not in the table prints
@@ -64,6 +67,10 @@ class SymbolTable : public KelObject {
       } else {
         others_[ident] = object;
       }
+    }
+    void clear() {
+      ascending_.clear();
+      others_.clear();
     }
     /// The entry of `ident`; null if there is none.
     const boost::shared_ptr<const Base>* find(unsigned int ident) const {

@@ -7,6 +7,7 @@
 
 #include "core/ThreadSafe.h"
 #include "core/ValueException.h"
+#include "media/timeline/Track.h"
 #include "values/Parameter.h"
 
 #include <gtest/gtest.h>
@@ -28,17 +29,16 @@ TEST(SymbolTableTest, FindsTheLastEntryUnderEachIdentInAnyOrder) {
   const struct {
     const char* order;
     std::vector<unsigned int> idents;
-  } cases[] = {
-      {"ascending", {1, 2, 3, 5, 8, 13}},
-      {"descending", {13, 8, 5, 3, 2, 1}},
-      {"repeated", {4, 4, 2, 4, 2, 9, 9}},
-      {"the largest first", {4294967295u, 0, 7, 4294967295u}},
-      {"ascending with strays", {10, 20, 15, 30, 5, 40, 15, 20, 35}},
-      {"shuffled", [&random] {
-         std::vector<unsigned int> idents;
-         for (unsigned int i = 0; i < 400; ++i) idents.push_back(random() % 300);
-         return idents;
-       }()}};
+  } cases[] = {{"ascending", {1, 2, 3, 5, 8, 13}},
+               {"descending", {13, 8, 5, 3, 2, 1}},
+               {"repeated", {4, 4, 2, 4, 2, 9, 9}},
+               {"the largest first", {4294967295u, 0, 7, 4294967295u}},
+               {"ascending with strays", {10, 20, 15, 30, 5, 40, 15, 20, 35}},
+               {"shuffled", [&random] {
+                  std::vector<unsigned int> idents;
+                  for (unsigned int i = 0; i < 400; ++i) idents.push_back(random() % 300);
+                  return idents;
+                }()}};
   for (const auto& c : cases) {
     SymbolTable table;
     std::map<unsigned int, boost::shared_ptr<const Parameter<double>>> expected;
@@ -57,6 +57,25 @@ TEST(SymbolTableTest, FindsTheLastEntryUnderEachIdentInAnyOrder) {
       EXPECT_EQ(entry.second, table.symbolForIdent<Parameter<double>>(entry.first)) << c.order;
     }
   }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SymbolTableTest, ForgetsParametersOnly) {
+  const auto project = boost::make_shared<KelMediaLib::ThreadSafe>();
+  KelMediaLib::SymbolTable table;
+  const auto before = KelMediaLib::Parameter<double>::create(project, "before", 0.0);
+  table.addParameterSymbol(3, before);
+  table.addSymbol(4, boost::shared_ptr<const KelMediaLib::Track>());
+  table.forgetParameters();
+  EXPECT_THROW(table.symbolForIdent<KelMediaLib::Parameter<double>>(3),
+               KelMediaLib::ValueException<unsigned int>);
+  const auto after = KelMediaLib::Parameter<double>::create(project, "after", 0.0);
+  table.addParameterSymbol(2, after);
+  EXPECT_EQ(after, table.symbolForIdent<KelMediaLib::Parameter<double>>(2));
+  EXPECT_NO_THROW(table.symbolForIdent<KelMediaLib::Track>(4));
 }
 
 }  // namespace

@@ -115,6 +115,10 @@ ParserState* MediaState::startElement(const char* name, const char** atts) {
   throwUnexpectedName(name, rules.label ? rules.label : "TextBox State");
 }
 
+void MediaState::endElement(const char*) {
+  parser()->symbolTable().forgetParameters();
+}
+
 ParserState* MediaState::startParameters() {
   parser::ParameterChain chain(parser::ParameterContext{parser(), project_, media_});
   if (kind_ == AMFileKind) {

@@ -20,6 +20,9 @@ class MediaState : public ParserState {
   MediaState(Parser* parser, boost::shared_ptr<Project> project,
              boost::shared_ptr<const Media> media, Kind kind);
   ParserState* startElement(const char* name, const char** atts) override;
+  /// The idents of the media's parameters are forgotten: only the media's
+  /// own edge mods name them.
+  void endElement(const char* name) override;
 
  private:
   ParserState* startParameters();
