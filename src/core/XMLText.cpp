@@ -111,14 +111,28 @@ void writeXMLValue(std::ostream& out, const std::string& value) {
   escapeText(value, [&out](const char* data, std::size_t size) { writeRaw(out, data, size); });
 }
 
-void writeIndent(std::ostream& out, int depth) {
+namespace {
+
+// Two blanks a level, through `write(data, size)`.
+template <class Write>
+void writeBlanks(int depth, Write write) {
   static const char blanks[] = "                                                                ";
   std::size_t left = depth > 0 ? static_cast<std::size_t>(depth) * 2 : 0;
   while (left > 0) {
     const std::size_t now = left < sizeof blanks - 1 ? left : sizeof blanks - 1;
-    writeRaw(out, blanks, now);
+    write(blanks, now);
     left -= now;
   }
+}
+
+}  // namespace
+
+void writeIndent(std::ostream& out, int depth) {
+  writeBlanks(depth, [&out](const char* data, std::size_t size) { writeRaw(out, data, size); });
+}
+
+void XMLLine::indent(int depth) {
+  writeBlanks(depth, [this](const char* data, std::size_t size) { raw(data, size); });
 }
 
 std::string xmlEscape(const std::string& text) {

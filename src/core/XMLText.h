@@ -1,6 +1,8 @@
 #pragma once
 
+#include <charconv>
 #include <cstddef>
+#include <cstring>
 #include <ostream>
 #include <streambuf>
 #include <string>
@@ -47,6 +49,75 @@ void writeLiteral(std::ostream& out, const char (&literal)[N]) {
 
 /// Writes the indentation of an element at `depth`: two blanks a level.
 void writeIndent(std::ostream& out, int depth);
+
+/// Gathers the short pieces of a document's lines (key frames, most of a
+/// large project's text) in a buffer of its own and hands them to the stream
+/// in one write when the buffer fills and at `flush`: a document of millions
+/// of pieces of a few bytes spent most of its writing on the calls. Numbers
+/// are written as `writeXMLValue` writes them; other values go through their
+/// own `writeXMLValue` after what is gathered. The owner flushes before it
+/// writes to the stream by other means, and at the end.
+class XMLLine {
+ public:
+  explicit XMLLine(std::ostream& out) : out_(out) {}
+  XMLLine(const XMLLine&) = delete;
+  XMLLine& operator=(const XMLLine&) = delete;
+
+  void raw(const char* data, std::size_t size) {
+    if (size > kSize - used_) {
+      flush();
+      if (size > kSize) {
+        writeRaw(out_, data, size);
+        return;
+      }
+    }
+    std::memcpy(buffer_ + used_, data, size);
+    used_ += size;
+  }
+  template <std::size_t N>
+  void literal(const char (&text)[N]) {
+    raw(text, N - 1);
+  }
+  /// Two blanks a level.
+  void indent(int depth);
+
+  void value(double number) { chars(number); }
+  void value(float number) { chars(number); }
+  void value(int number) { chars(number); }
+  void value(unsigned int number) { chars(number); }
+  void value(long long number) { chars(number); }
+  void value(unsigned long number) { chars(number); }
+  template <class T>
+  void value(const T& other) {
+    flush();
+    writeXMLValue(out_, other);
+  }
+
+  void flush() {
+    if (used_ > 0) {
+      writeRaw(out_, buffer_, used_);
+      used_ = 0;
+    }
+  }
+
+ private:
+  static constexpr std::size_t kSize = 1024;
+  // The most a number's text takes.
+  static constexpr std::size_t kNumber = 32;
+
+  template <class T>
+  void chars(T number) {
+    if (kSize - used_ < kNumber) {
+      flush();
+    }
+    used_ = static_cast<std::size_t>(std::to_chars(buffer_ + used_, buffer_ + kSize, number).ptr -
+                                     buffer_);
+  }
+
+  std::ostream& out_;
+  std::size_t used_ = 0;
+  char buffer_[kSize];
+};
 
 /// Writes ` name="value"` with a leading blank.
 template <class T>

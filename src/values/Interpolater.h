@@ -2,6 +2,7 @@
 
 #include "core/KelMediaLibException.h"
 #include "core/KelObject.h"
+#include "core/XMLText.h"
 #include "values/AudioPosition.h"
 #include "values/Color.h"
 #include "values/Point.h"
@@ -110,7 +111,7 @@ void writeXMLValue(std::ostream& out, const boost::shared_ptr<Interpolater<T>>& 
   if (!interpolater) {
     throw KelMediaLibException("cannot write a missing interpolater");
   }
-  out << interpolater->name();
+  writeRaw(out, interpolater->name());
 }
 
 // Made once, in Interpolater.cpp.

@@ -136,16 +136,19 @@ class InterpolatingParam : public Parameter<T> {
     writeLiteral(options.out, "InterpolatingParam");
   }
   void xmlBody(XMLable::Options& options, int depth) const override {
-    writeIndent(options.out, depth);
-    writeLiteral(options.out, "<Parameters>\n");
+    XMLLine line(options.out);
+    line.indent(depth);
+    line.literal("<Parameters>\n");
     if (const Companion* made = existingCompanion()) {
+      line.flush();
       made->parameter->toXML(options, depth + 1, std::string());
     } else {
-      writeCompanionAtRest(options, depth + 1);
+      writeCompanionAtRest(line, options.newIdent(), depth + 1);
     }
-    writeIndent(options.out, depth);
-    writeLiteral(options.out, "</Parameters>\n");
-    this->writeKeyFrames(options, depth);
+    line.indent(depth);
+    line.literal("</Parameters>\n");
+    this->writeKeyFrames(line, depth);
+    line.flush();
   }
 
  protected:
@@ -235,22 +238,22 @@ class InterpolatingParam : public Parameter<T> {
 
   // What the companion at rest writes, its ident a new one, as the
   // companion's own would be: nothing else names a companion.
-  void writeCompanionAtRest(XMLable::Options& options, int depth) const {
-    std::ostream& out = options.out;
-    writeIndent(out, depth);
-    writeLiteral(out, "<Parameter id=\"");
-    writeXMLValue(out, options.newIdent());
-    writeLiteral(out, "\" name=\"interpolater\">\n");
-    writeIndent(out, depth + 1);
-    writeLiteral(out, "<Keyframes>\n");
-    writeIndent(out, depth + 2);
-    writeLiteral(out, "<Keyframe time=\"0\" value=\"");
-    writeXMLValue(out, boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()));
-    writeLiteral(out, "\"/>\n");
-    writeIndent(out, depth + 1);
-    writeLiteral(out, "</Keyframes>\n");
-    writeIndent(out, depth);
-    writeLiteral(out, "</Parameter>\n");
+  static void writeCompanionAtRest(XMLLine& line, unsigned int ident, int depth) {
+    line.indent(depth);
+    line.literal("<Parameter id=\"");
+    line.value(ident);
+    line.literal("\" name=\"interpolater\">\n");
+    line.indent(depth + 1);
+    line.literal("<Keyframes>\n");
+    line.indent(depth + 2);
+    line.literal("<Keyframe time=\"0\" value=\"");
+    const std::string& linear = LinearInterpolater<T>::getInstance()->name();
+    line.raw(linear.data(), linear.size());
+    line.literal("\"/>\n");
+    line.indent(depth + 1);
+    line.literal("</Keyframes>\n");
+    line.indent(depth);
+    line.literal("</Parameter>\n");
   }
 
   mutable std::atomic<const Companion*> companion_{nullptr};

@@ -363,19 +363,23 @@ class Parameter : public SubProject,
 
   /// Writes `<Keyframes>` with one `<Keyframe time=".." value=".."/>` each.
   void writeKeyFrames(Options& options, int depth) const {
-    std::ostream& out = options.out;
-    writeIndent(out, depth);
-    writeLiteral(out, "<Keyframes>\n");
+    XMLLine line(options.out);
+    writeKeyFrames(line, depth);
+    line.flush();
+  }
+  void writeKeyFrames(XMLLine& line, int depth) const {
+    line.indent(depth);
+    line.literal("<Keyframes>\n");
     for (const auto& entry : keyFrames_) {
-      writeIndent(out, depth + 1);
-      writeLiteral(out, "<Keyframe time=\"");
-      writeXMLValue(out, entry.first);
-      writeLiteral(out, "\" value=\"");
-      writeXMLValue(out, entry.second->value());
-      writeLiteral(out, "\"/>\n");
+      line.indent(depth + 1);
+      line.literal("<Keyframe time=\"");
+      line.value(entry.first);
+      line.literal("\" value=\"");
+      line.value(entry.second->value());
+      line.literal("\"/>\n");
     }
-    writeIndent(out, depth);
-    writeLiteral(out, "</Keyframes>\n");
+    line.indent(depth);
+    line.literal("</Keyframes>\n");
   }
 
  protected:

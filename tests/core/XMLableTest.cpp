@@ -170,3 +170,47 @@ TEST(XMLTextTest, FloatsUseTheShortestFloatForm) {
     EXPECT_EQ(values[i], std::strtof(out.str().c_str(), nullptr));
   }
 }
+
+namespace {
+
+// A line gives the stream the text that the stream's own writers give, at
+// every offset of its pieces against the end of its buffer: numbers that
+// would cross it, a piece larger than it, deep indents, escaped strings.
+TEST(XMLTextTest, ALineWritesWhatTheStreamWritersWrite) {
+  const std::string large(3000, 'x');
+  for (int shift = 0; shift < 40; ++shift) {
+    std::ostringstream expected;
+    std::ostringstream got;
+    KelMediaLib::XMLLine line(got);
+    const std::string prefix(static_cast<std::size_t>(shift), 'p');
+    KelMediaLib::writeRaw(expected, prefix);
+    line.raw(prefix.data(), prefix.size());
+    for (int i = 0; i < 200; ++i) {
+      const double value = 1.0 / 3.0 * i - 1e300 * (i % 2);
+      KelMediaLib::writeIndent(expected, i % 40);
+      KelMediaLib::writeLiteral(expected, "<K t=\"");
+      KelMediaLib::writeXMLValue(expected, std::numeric_limits<long long>::min() + i);
+      KelMediaLib::writeLiteral(expected, "\" v=\"");
+      KelMediaLib::writeXMLValue(expected, value);
+      KelMediaLib::writeXMLValue(expected, static_cast<float>(value));
+      KelMediaLib::writeXMLValue(expected, std::string("a<\"b"));
+      KelMediaLib::writeLiteral(expected, "\"/>\n");
+      line.indent(i % 40);
+      line.literal("<K t=\"");
+      line.value(std::numeric_limits<long long>::min() + i);
+      line.literal("\" v=\"");
+      line.value(value);
+      line.value(static_cast<float>(value));
+      line.value(std::string("a<\"b"));
+      line.literal("\"/>\n");
+      if (i % 50 == 0) {
+        KelMediaLib::writeRaw(expected, large);
+        line.raw(large.data(), large.size());
+      }
+    }
+    line.flush();
+    ASSERT_EQ(expected.str(), got.str()) << "shift " << shift;
+  }
+}
+
+}  // namespace
