@@ -61,6 +61,18 @@ class CommandTest : public TimelineFixture {
   boost::shared_ptr<AMFile> voice;
   // Another project that a case refers to.
   boost::shared_ptr<Project> keepAlive;
+
+  boost::shared_ptr<const Track> strangerTrack() {
+    const auto other = InternalProject::create(EditRate(30, 1));
+    keepAlive = other;
+    other->newVisualMixer(640, 480);
+    return other->newVisualTrack(-1);
+  }
+  boost::shared_ptr<TextBox> strangerBox() {
+    const auto other = InternalProject::create(EditRate(30, 1));
+    keepAlive = other;
+    return TextBox::create("t", 10, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(other));
+  }
 };
 
 typedef std::function<boost::shared_ptr<Command>(CommandTest&)> MakeCommand;
@@ -165,28 +177,11 @@ const std::vector<Case>& misuseCases() {
       CASE(MediaAddedTwice, AddMediaCmd::create(t.video2, t.first, 0)),
       CASE(RemovedFromAnotherTrack, RemoveMediaCmd::create(t.video2, t.first)),
       CASE(RemovedAtAWrongTime, RemoveMediaCmd::create(t.video, t.first, 501)),
-      {"TrackOfAnotherProject",
-       [](CommandTest& t) {
-         const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
-         other->newVisualMixer(640, 480);
-         const boost::shared_ptr<const Track> track = other->newVisualTrack(-1);
-         t.keepAlive = other;
-         return AddMediaCmd::create(track, t.clip(0, 10), 0);
-       }},
-      {"MediaOfAnotherProject",
-       [](CommandTest& t) {
-         const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
-         t.keepAlive = other;
-         return AddMediaCmd::create(
-             t.video2, TextBox::create("t", 10, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(other)),
-             0);
-       }},
+      CASE(TrackOfAnotherProject, AddMediaCmd::create(t.strangerTrack(), t.clip(0, 10), 0)),
+      CASE(MediaOfAnotherProject, AddMediaCmd::create(t.video2, t.strangerBox(), 0)),
       {"KeyFrameOfAnotherProject",
        [](CommandTest& t) {
-         const boost::shared_ptr<InternalProject> other = InternalProject::create(EditRate(30, 1));
-         t.keepAlive = other;
-         const auto box =
-             TextBox::create("t", 10, 10.0f, 10.0f, boost::weak_ptr<const ThreadSafe>(other));
+         const auto box = t.strangerBox();
          box->opacity()->addKeyFrame(5, 0.5);
          return MoveParameterKeyFrameCmd::create(box, box->opacity(), 5, 6);
        }},

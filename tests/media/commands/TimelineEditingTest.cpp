@@ -1,4 +1,5 @@
 #include "media/commands/TimelineFixture.h"
+#include "media/media/MediaTestSupport.h"
 
 #include "media/commands/AddRightEdgeModCmd.h"
 #include "media/commands/MoveLeftEdgeModCmd.h"
@@ -25,20 +26,7 @@ namespace KelMediaLib {
 namespace testSupport {
 namespace {
 
-class RecordingDecorator : public CloneDecorator<Media> {
- public:
-  struct Call {
-    const Media* source;
-    boost::shared_ptr<const Media> clone;
-  };
-  explicit RecordingDecorator(std::vector<Call>& calls) : calls_(calls) {}
-  void execute(const Media* source, boost::shared_ptr<const Media> clone) override {
-    calls_.push_back(Call{source, clone});
-  }
-
- private:
-  std::vector<Call>& calls_;
-};
+using mediatest::RecordingDecorator;
 
 typedef TimelineFixture EditingTest;
 
@@ -78,7 +66,7 @@ TEST_F(EditingTest, SplitClonesThroughTheDecoratorAndUndoRestoresTheOriginal) {
   const boost::shared_ptr<const Media> second = split->secondPart();
   ASSERT_EQ(1u, calls.size());
   EXPECT_EQ(media.get(), calls[0].source);
-  EXPECT_EQ(second, calls[0].clone);
+  EXPECT_EQ(second.get(), calls[0].clone);
   EXPECT_EQ(Range<long long>(500, 60), media->range());
   EXPECT_EQ(Range<long long>(100, 120), media->mediaTimeRange());
   EXPECT_EQ(Range<long long>(560, 90), second->range());

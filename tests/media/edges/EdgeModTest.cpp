@@ -15,19 +15,13 @@
 
 #include <limits>
 #include <memory>
-#include <sstream>
 #include <string>
 
 using namespace KelMediaLib;
 
 namespace {
 
-std::string xmlOf(const XMLable& object) {
-  std::ostringstream out;
-  XMLable::Options options(out);
-  object.toXML(options, 0, std::string());
-  return out.str();
-}
+using mediatest::xmlOf;
 
 struct FunctionCase {
   std::string name;
@@ -89,8 +83,7 @@ TEST(EdgeModFuncTest, ElementsOfTheFileFormat) {
 
 TEST(EdgeModificationTest, OwnsACopyOfItsFunctionAndWritesItsParameter) {
   mediatest::Project p;
-  const boost::shared_ptr<VMFile> media =
-      VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
+  const auto media = VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
   const RotateFunc rotate(1);
   const EdgeModification modification(media->opacity(), rotate);
   EXPECT_NE(&rotate, &modification.function());
@@ -106,8 +99,7 @@ TEST(EdgeModificationTest, OwnsACopyOfItsFunctionAndWritesItsParameter) {
 
 TEST(EdgeModifiableTest, ListsAndLengthsOfBothEdges) {
   mediatest::Project p;
-  const boost::shared_ptr<VMFile> media =
-      VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
+  const auto media = VMFile::create(Range<long long>(0, 10), p.lock, p.source, 0);
   const auto mod = [&] {
     return boost::make_shared<EdgeModification>(media->opacity(), FadeInFunc());
   };

@@ -90,10 +90,8 @@ TEST(EffectTest, CloneHasFreshIdentsAndIndependentKeyFrames) {
 
 TEST(EffectableTest, MediaHoldsEffectsInOrderAndIsTheirTimeOwner) {
   mediatest::Project p;
-  const boost::shared_ptr<VMFile> media =
-      VMFile::create(Range<long long>(0, 100), p.lock, p.source, 0);
-  const boost::shared_ptr<VMFile> other =
-      VMFile::create(Range<long long>(0, 100), p.lock, p.source, 0);
+  const auto media = VMFile::create(Range<long long>(0, 100), p.lock, p.source, 0);
+  const auto other = VMFile::create(Range<long long>(0, 100), p.lock, p.source, 0);
   const boost::shared_ptr<GenericEffect> blur = GenericEffect::create("Blur", p.lock);
   const boost::shared_ptr<GenericEffect> shadow = GenericEffect::create("DropShadow", p.lock);
   const boost::shared_ptr<GenericEffect> tint = GenericEffect::create("ColorAdjust", p.lock);

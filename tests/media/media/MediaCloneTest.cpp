@@ -20,20 +20,7 @@ namespace {
 
 typedef Range<long long> R;
 
-struct Call {
-  const Media* source;
-  const Media* clone;
-};
-
-struct RecordingDecorator : CloneDecorator<Media> {
-  RecordingDecorator(std::vector<Call>& calls, bool& deleted) : calls_(calls), deleted_(deleted) {}
-  ~RecordingDecorator() override { deleted_ = true; }
-  void execute(const Media* source, boost::shared_ptr<const Media> clone) override {
-    calls_.push_back(Call{source, clone.get()});
-  }
-  std::vector<Call>& calls_;
-  bool& deleted_;
-};
+using mediatest::RecordingDecorator;
 
 struct MediaCloneTest : ::testing::Test {
   mediatest::Project project;
@@ -120,30 +107,27 @@ TEST_F(MediaCloneTest, CloneAndSourceAreIndependent) {
 TEST_F(MediaCloneTest, StillKindsKeepTheirOwnState) {
   const boost::shared_ptr<TextBox> box = TextBox::create("hello", 90, 320.0f, 40.0f, project.lock);
   box->text()->addKeyFrame(45, "bye");
-  const boost::shared_ptr<TextBox> boxClone =
-      boost::dynamic_pointer_cast<TextBox>(box->cloneMedia());
+  const auto boxClone = boost::dynamic_pointer_cast<TextBox>(box->cloneMedia());
   ASSERT_TRUE(boxClone);
   EXPECT_EQ("hello", boxClone->text()->valueAt(0));
   EXPECT_EQ("bye", boxClone->text()->valueAt(50));
   EXPECT_EQ(320.0f, boxClone->width());
   EXPECT_NE(box->text(), boxClone->text());
 
-  const boost::shared_ptr<Callout> callout =
-      Callout::create(0, 60, project.lock, project.source, 0);
+  const auto callout = Callout::create(0, 60, project.lock, project.source, 0);
   callout->textParam()->addKeyFrame(0, "look here");
-  const boost::shared_ptr<Callout> calloutClone =
-      boost::dynamic_pointer_cast<Callout>(callout->cloneMedia());
+  const auto calloutClone = boost::dynamic_pointer_cast<Callout>(callout->cloneMedia());
   ASSERT_TRUE(calloutClone);
   EXPECT_EQ("look here", calloutClone->textParam()->valueAt(10));
   EXPECT_NE(callout->hotSpotAttr(), calloutClone->hotSpotAttr());
 }
 
 TEST_F(MediaCloneTest, OnlyCloneMediaRunsTheDecoratorOnceWithSourceAndClone) {
-  std::vector<Call> calls;
+  std::vector<RecordingDecorator::Call> calls;
   bool firstDeleted = false;
   bool deleted = false;
-  source->setCloneDecorator(new RecordingDecorator(calls, firstDeleted));
-  source->setCloneDecorator(new RecordingDecorator(calls, deleted));
+  source->setCloneDecorator(new RecordingDecorator(calls, &firstDeleted));
+  source->setCloneDecorator(new RecordingDecorator(calls, &deleted));
   EXPECT_TRUE(firstDeleted);  // putting in a decorator deletes the old one
 
   delete source->clone();

@@ -18,7 +18,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -48,12 +47,7 @@ const std::vector<std::string> visualNames = std::vector<std::string>{"opacity"}
                                              members("sourceCrop", 4) + members("geometryCrop", 4) +
                                              transformerNames;
 
-std::string xmlOf(const XMLable& object) {
-  std::ostringstream out;
-  XMLable::Options options(out);
-  object.toXML(options, 0, std::string());
-  return out.str();
-}
+using mediatest::xmlOf;
 
 TEST(MediaParametersTest, EachKindRegistersExactlyTheParametersOfItsFileElement) {
   mediatest::Project p;

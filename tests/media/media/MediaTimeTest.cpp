@@ -25,8 +25,7 @@ struct MediaTimeTest : ::testing::Test {
 
   // Shows (30,100) of the source's video track, placed at 10.
   boost::shared_ptr<VMFile> video(double scalar = 1.0) {
-    const boost::shared_ptr<VMFile> media =
-        VMFile::create(R(30, 100), project.lock, project.source, 0);
+    const auto media = VMFile::create(R(30, 100), project.lock, project.source, 0);
     media->setStart(10);
     media->setScalar(scalar);
     return media;
@@ -146,23 +145,21 @@ TEST_F(MediaTimeTest, FileMediaMustFitTheirSourceWhenMade) {
   EXPECT_NO_THROW(VMFile::create(R(0, 5000), project.lock, project.source, 7));
 }
 
+// Replaying its start trims gives a still its length back.
 TEST_F(MediaTimeTest, StillMediaHaveNoSourceBounds) {
-  const boost::shared_ptr<IMFile> image = IMFile::create(10, 50, project.lock, project.source, 0);
-  image->trimStart(-1000);
-  EXPECT_EQ(R(-990, 1050), image->mediaTimeRange());
-  image->trimEnd(-5000);
-  EXPECT_EQ(6050, image->range().duration);
-  EXPECT_THROW(image->trimEnd(6051), KelMediaLibException);
-  EXPECT_EQ(6050, image->range().duration);
-}
-
-TEST_F(MediaTimeTest, ReplayingTheStartTrimsOfAnImageGivesItsLengthBack) {
   const boost::shared_ptr<IMFile> image = IMFile::create(10, 50, project.lock, project.source, 0);
   image->trimEnd(-5);
   image->trimStart(5);
   EXPECT_EQ(R(5, 50), image->range());
   EXPECT_EQ(R(15, 50), image->mediaTimeRange());
   EXPECT_EQ(5, image->trimStartSum());
+  const auto stretched = IMFile::create(10, 50, project.lock, project.source, 0);
+  stretched->trimStart(-1000);
+  EXPECT_EQ(R(-990, 1050), stretched->mediaTimeRange());
+  stretched->trimEnd(-5000);
+  EXPECT_EQ(6050, stretched->range().duration);
+  EXPECT_THROW(stretched->trimEnd(6051), KelMediaLibException);
+  EXPECT_EQ(6050, stretched->range().duration);
 }
 
 TEST_F(MediaTimeTest, ScaleAndScalarRoundTheDuration) {

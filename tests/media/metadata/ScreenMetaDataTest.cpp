@@ -1,4 +1,5 @@
 #include "core/KelMediaLibException.h"
+#include "media/media/MediaTestSupport.h"
 #include "media/media/VMFile.h"
 #include "media/metadata/ScreenMetaData.h"
 #include "media/project/InternalProject.h"
@@ -91,9 +92,6 @@ TEST_F(ScreenMetaDataTest, ReadsEachFileIntoItsParameterInEditUnits) {
             metaData->dirtyRectsParam()->valueAt(30));
   EXPECT_TRUE(metaData->dirtyRectsParam()->valueAt(45).empty());
 
-  std::ostringstream xml;
-  XMLable::Options options(xml);
-  metaData->toXML(options, 0, std::string());
   EXPECT_EQ(
       "<ScreenMetaData>\n"
       "  <ParameterFile filename=\"frontmost.dat\" paramName=\"topmostWindowCoordinates\"/>\n"
@@ -101,11 +99,20 @@ TEST_F(ScreenMetaDataTest, ReadsEachFileIntoItsParameterInEditUnits) {
       "  <ParameterFile filename=\"cursoraction.dat\" paramName=\"cursorAction\"/>\n"
       "  <ParameterFile filename=\"dirtyrect.dat\" paramName=\"dirtyRects\"/>\n"
       "</ScreenMetaData>\n",
-      xml.str());
+      mediatest::xmlOf(*metaData));
 }
 
-TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
+// A malformed line is refused with its number; and as a device may never end
+// and a pipe never answer, only regular files are read. A refusal changes
+// nothing.
+TEST_F(ScreenMetaDataTest, RefusesMalformedLinesAndWhatIsNotARegularFile) {
   typedef void (ScreenMetaData::*Setter)(const std::string&);
+  const auto expectRefused = [this](Setter setter, const std::string& name,
+                                    const std::string& what) {
+    const std::string text =
+        mediatest::whatOf<KelMediaLibException>([&] { (metaData.get()->*setter)(name); });
+    EXPECT_NE(std::string::npos, text.find(what)) << name << ": " << text;
+  };
   struct Case {
     Setter setter;
     const char* text;
@@ -128,42 +135,19 @@ TEST_F(ScreenMetaDataTest, RefusesAMalformedLineWithItsNumber) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
-    const std::string name = write("bad.dat", c.text);
-    try {
-      (metaData.get()->*c.setter)(name);
-      ADD_FAILURE() << "read";
-    } catch (const KelMediaLibException& e) {
-      EXPECT_NE(std::string::npos,
-                std::string(e.what()).find("\"bad.dat\", line " + std::to_string(c.line) + ":"))
-          << e.what();
-    }
+    expectRefused(c.setter, write("bad.dat", c.text),
+                  "\"bad.dat\", line " + std::to_string(c.line) + ":");
   }
-  EXPECT_FALSE(metaData->hasContent());
-  EXPECT_TRUE(metaData->parameterFiles().empty());
-  EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
-  EXPECT_THROW(metaData->setCursorActionFile("missing.dat"), KelMediaLibException);
-}
-
-// A device may never end and a pipe never answer: only regular files are
-// read, and a refusal changes nothing.
-TEST_F(ScreenMetaDataTest, RefusesWhatIsNotARegularFile) {
-  typedef void (ScreenMetaData::*Setter)(const std::string&);
-  const std::pair<Setter, std::string> cases[] = {
+  const std::pair<Setter, std::string> devices[] = {
       {&ScreenMetaData::setCursorActionFile, "/dev/zero"},
       {&ScreenMetaData::setFrontWindowFile, "/dev/null"},
       {&ScreenMetaData::setDirtyRectsFile, folder},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.second);
-    try {
-      (metaData.get()->*c.first)(c.second);
-      ADD_FAILURE() << "read";
-    } catch (const KelMediaLibException& e) {
-      EXPECT_NE(std::string::npos,
-                std::string(e.what()).find("\"" + c.second + "\" isn't a regular file"))
-          << e.what();
-    }
+  for (const auto& c : devices) {
+    expectRefused(c.first, c.second, "\"" + c.second + "\" isn't a regular file");
   }
+  EXPECT_THROW(metaData->setCursorActionFile("missing.dat"), KelMediaLibException);
+  EXPECT_FALSE(metaData->hasContent());
   EXPECT_TRUE(metaData->parameterFiles().empty());
   EXPECT_EQ(1u, metaData->cursorActionParam()->numKeyFrames());
 }

@@ -5,6 +5,7 @@
 #include "core/IOException.h"
 #include "core/ParserException.h"
 #include "core/ValueException.h"
+#include "media/media/MediaTestSupport.h"
 #include "media/media/VMFile.h"
 #include "media/parser/LoadCancelledException.h"
 #include "media/parser/Parser.h"
@@ -28,6 +29,8 @@
 
 namespace KelMediaLib {
 namespace {
+
+using mediatest::whatOf;
 
 // A project with one source, a mixer, a track and a video on it.
 std::string document(const std::string& folder) {
@@ -107,63 +110,55 @@ TEST_F(ParserTest, BuildsTheProjectWithEmptyHistoryTextAndUnknownBlocksIgnored) 
   EXPECT_EQ(0.25, movie->opacity()->valueAt(3));
 }
 
+enum Kind { Parse, Value, Cast };
+
 // Each row spoils the document at `from`; `at` marks the element whose
 // start the error's position must name ("" for errors without a position).
 struct Malformed {
+  Kind kind;
   const char* from;
   const char* to;
   const char* what;
   const char* at;
 };
 
-enum Kind { Parse, Value, Cast };
-
 TEST_F(ParserTest, RefusesEveryMalformedDocumentWithItsTextAndPosition) {
-  const std::pair<Kind, Malformed> table[] = {
-      {Parse,
-       {"<Project id", "<Projekt id", "Unexpected name \"Projekt\" in StartStateImpl", "<Projekt"}},
-      {Parse, {"<Author>", "<Editor>", "Unexpected name \"Editor\" in Project", "<Editor"}},
-      {Parse,
-       {"editRate=\"30/1\"", "editRate=\"30/1\" colour=\"red\"",
-        "Unexpected Project attribute \"colour\".", "<Project"}},
-      {Parse,
-       {" version=\"1.0\">\n  <Author>", ">\n  <Author>", "Project missing attributes.",
-        "<Project"}},
-      {Parse, {"<SourceTrack", "<Track", "Unexpected name \"Track\" in Source", "<Track"}},
-      {Parse, {"<Tracks>", "<Trucks>", "Unexpected name \"Trucks\" in VisualMixer", "<Trucks"}},
-      {Parse,
-       {"<VisualTrack id=\"5\">", "<AudioTrack id=\"5\">",
-        "Unexpected name \"AudioTrack\" in Tracks", "<AudioTrack"}},
-      {Parse,
-       {"<VMFile id", "<AMFile id", "Unexpected name \"AMFile\" in Visual Medias", "<AMFile"}},
-      {Parse,
-       {"duration=\"15\"", "duration=\"16\"", "unable to scale media to their correct size",
-        "<VMFile"}},
-      {Parse,
-       {"name=\"opacity\"", "name=\"volume\"",
-        "Unexpected parameter \"volume\" in VMFile State Parameters", "<InterpolatingParam"}},
-      {Parse,
-       {"<Keyframe time", "<Key time", "Unexpected name \"Key\" in KeyframesState", "<Key "}},
-      {Parse,
-       {"name=\"width\"", "name=\"depth\"", "Unexpected attribute \"depth\" in Attributes",
-        "<Attribute "}},
-      {Parse,
-       {"</Timeline>\n</Project>", "</Timeline>\n", "ErrCode:3 ErrString:no element found", ""}},
-      {Parse,
-       {"<Author>", "<Author x=\"1\" x=\"2\">", "ErrCode:8 ErrString:duplicate attribute", ""}},
-      {Value, {"src=\"2\">\n", "src=\"9\">\n", "ident not found in source table", ""}},
-      {Cast, {"value=\"0.25\"", "value=\"0,25\"", "", ""}},
-      {Cast, {"range=\"(0,10)\"", "range=\"(0, 10)\"", "", ""}},
+  const Malformed table[] = {
+      {Parse, "<Project id", "<Projekt id", "Unexpected name \"Projekt\" in StartStateImpl",
+       "<Projekt"},
+      {Parse, "<Author>", "<Editor>", "Unexpected name \"Editor\" in Project", "<Editor"},
+      {Parse, "editRate=\"30/1\"", "editRate=\"30/1\" colour=\"red\"",
+       "Unexpected Project attribute \"colour\".", "<Project"},
+      {Parse, " version=\"1.0\">\n  <Author>", ">\n  <Author>", "Project missing attributes.",
+       "<Project"},
+      {Parse, "<SourceTrack", "<Track", "Unexpected name \"Track\" in Source", "<Track"},
+      {Parse, "<Tracks>", "<Trucks>", "Unexpected name \"Trucks\" in VisualMixer", "<Trucks"},
+      {Parse, "<VisualTrack id=\"5\">", "<AudioTrack id=\"5\">",
+       "Unexpected name \"AudioTrack\" in Tracks", "<AudioTrack"},
+      {Parse, "<VMFile id", "<AMFile id", "Unexpected name \"AMFile\" in Visual Medias", "<AMFile"},
+      {Parse, "duration=\"15\"", "duration=\"16\"", "unable to scale media to their correct size",
+       "<VMFile"},
+      {Parse, "name=\"opacity\"", "name=\"volume\"",
+       "Unexpected parameter \"volume\" in VMFile State Parameters", "<InterpolatingParam"},
+      {Parse, "<Keyframe time", "<Key time", "Unexpected name \"Key\" in KeyframesState", "<Key "},
+      {Parse, "name=\"width\"", "name=\"depth\"", "Unexpected attribute \"depth\" in Attributes",
+       "<Attribute "},
+      {Parse, "</Timeline>\n</Project>", "</Timeline>\n", "ErrCode:3 ErrString:no element found",
+       ""},
+      {Parse, "<Author>", "<Author x=\"1\" x=\"2\">", "ErrCode:8 ErrString:duplicate attribute",
+       ""},
+      {Value, "src=\"2\">\n", "src=\"9\">\n", "ident not found in source table", ""},
+      {Cast, "value=\"0.25\"", "value=\"0,25\"", "", ""},
+      {Cast, "range=\"(0,10)\"", "range=\"(0, 10)\"", "", ""},
   };
-  for (const auto& row : table) {
-    const Malformed& bad = row.second;
+  for (const Malformed& bad : table) {
     const std::string text = replaced(document(folder), bad.from, bad.to);
     SCOPED_TRACE(bad.to);
     try {
       parse(text);
       ADD_FAILURE() << "loaded";
     } catch (const ParserException& e) {
-      EXPECT_EQ(Parse, row.first);
+      EXPECT_EQ(Parse, bad.kind);
       EXPECT_EQ(bad.what, std::string(e.what()));
       if (*bad.at) {
         const auto offset = text.find(bad.at);
@@ -176,11 +171,11 @@ TEST_F(ParserTest, RefusesEveryMalformedDocumentWithItsTextAndPosition) {
         EXPECT_GT(e.line, 0);
       }
     } catch (const ValueException<unsigned int>& e) {
-      EXPECT_EQ(Value, row.first);
+      EXPECT_EQ(Value, bad.kind);
       EXPECT_EQ(bad.what, std::string(e.what()));
       EXPECT_EQ(9u, e.value);
     } catch (const boost::bad_lexical_cast&) {
-      EXPECT_EQ(Cast, row.first);
+      EXPECT_EQ(Cast, bad.kind);
     }
   }
 }
@@ -203,20 +198,11 @@ TEST_F(ParserTest, EmptyAndBlockSizedDocumentsAndFailingStreams) {
     int_type underflow() override { throw std::ios_base::failure("disk gone"); }
   } failing;
   std::istream in(&failing);
-  Parser parser(nullptr, nullptr);
-  try {
-    parser.parseProject(in);
-    ADD_FAILURE();
-  } catch (const IOException& e) {
-    EXPECT_EQ("IOException: bad read from parsing file.", std::string(e.what()));
-  }
-  try {
-    Parser(nullptr, nullptr).parseProject(folder + "/none.xml");
-    ADD_FAILURE();
-  } catch (const KelMediaLibException& e) {
-    EXPECT_EQ("IOException: unable to open file \"" + folder + "/none.xml\".",
-              std::string(e.what()));
-  }
+  EXPECT_EQ("IOException: bad read from parsing file.",
+            whatOf<IOException>([&] { Parser(nullptr, nullptr).parseProject(in); }));
+  EXPECT_EQ("IOException: unable to open file \"" + folder + "/none.xml\".",
+            whatOf<KelMediaLibException>(
+                [&] { Parser(nullptr, nullptr).parseProject(folder + "/none.xml"); }));
 }
 
 struct Handlers : MissingFileHandler, ChangedFileHandler {
@@ -241,18 +227,8 @@ struct Handlers : MissingFileHandler, ChangedFileHandler {
 TEST_F(ParserTest, MissingAndChangedSourcesGoToTheHandlersOrEndTheLoad) {
   const std::string moved = replaced(document(folder), folder + "/clip.mp4", "gone/clip.mp4");
   const std::string old = replaced(document(folder), "20991231T235959", "20000101T000000");
-  try {
-    parse(moved);
-    ADD_FAILURE();
-  } catch (const ParserException& e) {
-    EXPECT_EQ("Missing File:gone/clip.mp4", std::string(e.what()));
-  }
-  try {
-    parse(old);
-    ADD_FAILURE();
-  } catch (const ParserException& e) {
-    EXPECT_EQ("Changed File:" + folder + "/clip.mp4", std::string(e.what()));
-  }
+  EXPECT_EQ("Missing File:gone/clip.mp4", whatOf<ParserException>([&] { parse(moved); }));
+  EXPECT_EQ("Changed File:" + folder + "/clip.mp4", whatOf<ParserException>([&] { parse(old); }));
 
   Handlers handlers;
   handlers.replacement = folder + "/clip.mp4";

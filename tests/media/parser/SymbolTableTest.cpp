@@ -59,23 +59,18 @@ TEST(SymbolTableTest, FindsTheLastEntryUnderEachIdentInAnyOrder) {
   }
 }
 
-}  // namespace
-
-namespace {
-
 TEST(SymbolTableTest, ForgetsParametersOnly) {
-  const auto project = boost::make_shared<KelMediaLib::ThreadSafe>();
-  KelMediaLib::SymbolTable table;
-  const auto before = KelMediaLib::Parameter<double>::create(project, "before", 0.0);
+  const auto project = boost::make_shared<ThreadSafe>();
+  SymbolTable table;
+  const auto before = Parameter<double>::create(project, "before", 0.0);
   table.addParameterSymbol(3, before);
-  table.addSymbol(4, boost::shared_ptr<const KelMediaLib::Track>());
+  table.addSymbol(4, boost::shared_ptr<const Track>());
   table.forgetParameters();
-  EXPECT_THROW(table.symbolForIdent<KelMediaLib::Parameter<double>>(3),
-               KelMediaLib::ValueException<unsigned int>);
-  const auto after = KelMediaLib::Parameter<double>::create(project, "after", 0.0);
+  EXPECT_THROW(table.symbolForIdent<Parameter<double>>(3), ValueException<unsigned int>);
+  const auto after = Parameter<double>::create(project, "after", 0.0);
   table.addParameterSymbol(2, after);
-  EXPECT_EQ(after, table.symbolForIdent<KelMediaLib::Parameter<double>>(2));
-  EXPECT_NO_THROW(table.symbolForIdent<KelMediaLib::Track>(4));
+  EXPECT_EQ(after, table.symbolForIdent<Parameter<double>>(2));
+  EXPECT_NO_THROW(table.symbolForIdent<Track>(4));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "media/sources/MediaFileWriter.h"
 
 #include "core/IOException.h"
+#include "media/media/MediaTestSupport.h"
 #include "media/sources/FFmpegStatsLoader.h"
 #include "media/sources/MediaFileStats.h"
 #include "support/ScratchFolder.h"
@@ -107,14 +108,10 @@ TEST(MediaFileWriterTest, RefusalsNameTheFile) {
       {folder + "/norate.mov", {{16, 16, {0, 1}, 1}}, "need a size and a rate"},
   };
   for (const auto& c : cases) {
-    try {
-      MediaFileWriter::write(c.path, c.video, {});
-      ADD_FAILURE() << c.path << " was written";
-    } catch (const IOException& e) {
-      const std::string text = e.what();
-      EXPECT_NE(text.find("IOException: writing \"" + c.path + "\""), std::string::npos) << text;
-      EXPECT_NE(text.find(c.reason), std::string::npos) << text;
-    }
+    const std::string text =
+        mediatest::whatOf<IOException>([&] { MediaFileWriter::write(c.path, c.video, {}); });
+    EXPECT_NE(text.find("IOException: writing \"" + c.path + "\""), std::string::npos) << c.path;
+    EXPECT_NE(text.find(c.reason), std::string::npos) << text;
   }
 }
 

@@ -3,6 +3,7 @@
 #include "media/commands/LoadSourceCmd.h"
 #include "media/commands/RemoveClippingCmd.h"
 #include "media/commands/UnloadSourceCmd.h"
+#include "media/media/MediaTestSupport.h"
 #include "media/project/InternalProject.h"
 #include "media/project/SourceBin.h"
 #include "media/sources/Clipping.h"
@@ -159,12 +160,9 @@ TEST_F(SourceCommandsTest, RefusedEditsChangeNothing) {
   std::ofstream(empty).close();
   const std::string before = snapshot();
   for (const std::string& path : {std::string("/no/such/clip.mp4"), empty, ::testing::TempDir()}) {
-    try {
-      project->execute(LoadSourceCmd::create(path));
-      ADD_FAILURE() << path << " was loaded";
-    } catch (const KelMediaLibException& e) {
-      EXPECT_NE(std::string::npos, std::string(e.what()).find("\"" + path + "\"")) << e.what();
-    }
+    const std::string text = mediatest::whatOf<KelMediaLibException>(
+        [&] { project->execute(LoadSourceCmd::create(path)); });
+    EXPECT_NE(std::string::npos, text.find("\"" + path + "\"")) << path;
     EXPECT_THROW(project->changeSourcesFile(tone, path + "/gone"), KelMediaLibException);
   }
   // A clipping of a source out of the bin, and a sentry that refuses a load.

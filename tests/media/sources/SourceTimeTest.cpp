@@ -3,6 +3,7 @@
 #include "media/commands/LoadSourceCmd.h"
 #include "media/media/AMFile.h"
 #include "media/media/IMFile.h"
+#include "media/media/MediaTestSupport.h"
 #include "media/media/VMFile.h"
 #include "media/metadata/ScreenMetaData.h"
 #include "media/project/InternalProject.h"
@@ -142,14 +143,10 @@ TEST_F(SourceTimeTest, TrackRangesThatCantBeConvertedAreRefused) {
     track.range = c.range;
     track.editRate = c.rate;
     stats->addTrackStats(track);
-    try {
-      Source::create(stats, project, project);
-      ADD_FAILURE() << c.range << " at " << c.rate << " was converted";
-    } catch (const KelMediaLibException& e) {
-      const std::string text = e.what();
-      EXPECT_NE(std::string::npos, text.find("\"odd.mov\", track 0")) << text;
-      EXPECT_NE(std::string::npos, text.find(c.why)) << text;
-    }
+    const std::string text =
+        mediatest::whatOf<KelMediaLibException>([&] { Source::create(stats, project, project); });
+    EXPECT_NE(std::string::npos, text.find("\"odd.mov\", track 0")) << c.range << " at " << c.rate;
+    EXPECT_NE(std::string::npos, text.find(c.why)) << text;
   }
 }
 

@@ -131,7 +131,7 @@ TEST_F(TrackMixerTest, EachTrackKindAcceptsItsMediaKinds) {
   }
 }
 
-TEST_F(TrackMixerTest, MixersInsertRemoveAndSwapTracksOfTheirKind) {
+TEST_F(TrackMixerTest, MixersHaveAValidSizeAndInsertRemoveAndSwapTracksOfTheirKind) {
   const boost::shared_ptr<VisualMixer> mixer = VisualMixer::create(640, 480, p.lock);
   const boost::shared_ptr<Track> first = mixer->makeTrack(p.lock);
   const boost::shared_ptr<Track> second = ImageTrack::create(p.lock);
@@ -168,6 +168,8 @@ TEST_F(TrackMixerTest, MixersInsertRemoveAndSwapTracksOfTheirKind) {
   const boost::shared_ptr<AudioMixer> audio = AudioMixer::create(48000, 16, 2, p.lock);
   EXPECT_TRUE(boost::dynamic_pointer_cast<AudioTrack>(audio->makeTrack(p.lock)));
   EXPECT_THROW(audio->insertTrack(VisualTrack::create(p.lock), -1), KelMediaLibException);
+  EXPECT_THROW(VisualMixer::create(-1.0f, 10.0f, p.lock), KelMediaLibException);
+  EXPECT_NO_THROW(VisualMixer::create(0.0f, 0.0f, p.lock));
 }
 
 TEST_F(TrackMixerTest, AllMediasListsVisualMixerFirstThenTrackAndStartOrder) {
@@ -202,11 +204,6 @@ TEST_F(TrackMixerTest, ImageTransitionTakesTheSizeOfItsMixer) {
   track->insertMedia(wipe);
   EXPECT_EQ(800.0f, wipe->width());
   EXPECT_EQ(600.0f, wipe->height());
-}
-
-TEST_F(TrackMixerTest, MixerRefusesABadSize) {
-  EXPECT_THROW(VisualMixer::create(-1.0f, 10.0f, p.lock), KelMediaLibException);
-  EXPECT_NO_THROW(VisualMixer::create(0.0f, 0.0f, p.lock));
 }
 
 }  // namespace
