@@ -39,7 +39,10 @@ bool Parametric::hasName(const std::string& name) const {
 }
 
 boost::shared_ptr<ParameterInterface> Parametric::parameterNamed(const std::string& name) const {
-  return hasName(name) ? ordered_[*findName(name)] : boost::shared_ptr<ParameterInterface>();
+  const auto found = findName(name);
+  return found != byName_.end() && ordered_[*found]->name() == name
+             ? ordered_[*found]
+             : boost::shared_ptr<ParameterInterface>();
 }
 
 std::vector<boost::shared_ptr<ParameterInterface>> Parametric::parameters() const {
