@@ -245,11 +245,9 @@ class InterpolatingParam : public Parameter<T> {
     line.literal("\" name=\"interpolater\">\n");
     line.indent(depth + 1);
     line.literal("<Keyframes>\n");
-    line.indent(depth + 2);
-    line.literal("<Keyframe time=\"0\" value=\"");
-    const std::string& linear = LinearInterpolater<T>::getInstance()->name();
-    line.raw(linear.data(), linear.size());
-    line.literal("\"/>\n");
+    InterpolaterParameter::writeKeyFrame(
+        line, depth + 2, 0,
+        boost::shared_ptr<Interpolater<T>>(LinearInterpolater<T>::getInstance()));
     line.indent(depth + 1);
     line.literal("</Keyframes>\n");
     line.indent(depth);

@@ -371,15 +371,19 @@ class Parameter : public SubProject,
     line.indent(depth);
     line.literal("<Keyframes>\n");
     for (const auto& entry : keyFrames_) {
-      line.indent(depth + 1);
-      line.literal("<Keyframe time=\"");
-      line.value(entry.first);
-      line.literal("\" value=\"");
-      line.value(entry.second->value());
-      line.literal("\"/>\n");
+      writeKeyFrame(line, depth + 1, entry.first, entry.second->value());
     }
     line.indent(depth);
     line.literal("</Keyframes>\n");
+  }
+  /// One `<Keyframe time=".." value=".."/>`.
+  static void writeKeyFrame(XMLLine& line, int depth, long long time, const T& value) {
+    line.indent(depth);
+    line.literal("<Keyframe time=\"");
+    line.value(time);
+    line.literal("\" value=\"");
+    line.value(value);
+    line.literal("\"/>\n");
   }
 
  protected:
