@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <sstream>
-#include <string>
 
 using KelMediaLib::IOException;
 using KelMediaLib::KelMediaLibException;

@@ -118,12 +118,6 @@ class MultiCommandTest : public ::testing::Test {
   }
 };
 
-TEST_F(MultiCommandTest, OnlyGroupsAbsorbOtherCommands) {
-  EXPECT_THROW(push(model, 1)->combine(push(model, 2)), KelMediaLibException);
-  ScriptedGroup group([](ScriptedGroup&) {});
-  EXPECT_THROW(group.combine(boost::shared_ptr<Command>()), KelMediaLibException);
-}
-
 TEST_F(MultiCommandTest, GroupUndoesBackwardAndRedoesForwardWithoutItsLogic) {
   const auto a = push(model, 1), b = push(model, 2), c = push(model, 3);
   const auto group = groupOf({a, b, c});
@@ -271,11 +265,14 @@ TEST_F(MultiCommandTest, CopyOfAGroupHasRecordedNothingAndRunsItsLogicAfresh) {
   EXPECT_EQ((Values{1, 2}), model.values);
 }
 
+// Only a group absorbs another command, and only a real one.
 TEST_F(MultiCommandTest, CombineAppendsAnExecutedCommand) {
+  EXPECT_THROW(push(model, 1)->combine(push(model, 2)), KelMediaLibException);
   const auto group = groupOf({push(model, 1)});
   group->execute(handler);
   const auto later = push(model, 2);
   later->execute(handler);
+  EXPECT_THROW(group->combine(boost::shared_ptr<Command>()), KelMediaLibException);
   group->combine(later);
   EXPECT_EQ(2u, group->numUndoCommands());
 

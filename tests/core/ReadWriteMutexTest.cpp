@@ -65,27 +65,21 @@ class DeadlockGuard {
   std::thread watcher_;
 };
 
-// The lock is entirely free again: another thread gets the write lock.
-void expectFreeForAnotherWriter(const ReadWriteMutex& mutex) {
-  bool written = false;
+// Another thread gets a lock of the given kind now, while this thread holds
+// what it holds.
+template <class Lock>
+void expectAnotherThreadGets(const ReadWriteMutex& mutex) {
+  bool got = false;
   std::thread other([&] {
-    ReadWriteMutex::ScopedWriteLock lock(mutex);
-    written = true;
+    Lock lock(mutex);
+    got = true;
   });
   other.join();
-  EXPECT_TRUE(written);
+  EXPECT_TRUE(got);
 }
-
-// Another thread can take a read lock now, while this thread holds what it holds.
-void expectAnotherReaderGetsIn(const ReadWriteMutex& mutex) {
-  bool read = false;
-  std::thread other([&] {
-    ReadWriteMutex::ScopedReadLock lock(mutex);
-    read = true;
-  });
-  other.join();
-  EXPECT_TRUE(read);
-}
+// A writer gets in only once the lock is entirely free.
+const auto expectFreeForAnotherWriter = expectAnotherThreadGets<ReadWriteMutex::ScopedWriteLock>;
+const auto expectAnotherReaderGetsIn = expectAnotherThreadGets<ReadWriteMutex::ScopedReadLock>;
 
 TEST(ReadWriteMutexConcurrency, RecursiveReadsShareAndAreReleasedByMatchingUnlocks) {
   DeadlockGuard guard;
@@ -101,7 +95,7 @@ TEST(ReadWriteMutexConcurrency, RecursiveReadsShareAndAreReleasedByMatchingUnloc
   expectFreeForAnotherWriter(mutex);
 }
 
-TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainOnItsThread) {
+TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainAndSoleReaderUpgrades) {
   DeadlockGuard guard;
   ReadWriteMutex mutex;
   {
@@ -111,6 +105,13 @@ TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainOnItsThread) {
     ReadWriteMutex::ScopedReadLock readAgain(mutex);
   }
   expectFreeForAnotherWriter(mutex);
+  {
+    ReadWriteMutex::ScopedReadLock read(mutex);
+    ReadWriteMutex::ScopedReadLock nested(mutex);
+    ReadWriteMutex::ScopedWriteLock write(mutex);
+    ReadWriteMutex::ScopedWriteLock writeAgain(mutex);
+  }
+  expectFreeForAnotherWriter(mutex);
 
   // Letting go of the write lock first leaves a plain reader behind.
   mutex.lockWrite();
@@ -118,18 +119,6 @@ TEST(ReadWriteMutexConcurrency, WriterMayReadAndWriteAgainOnItsThread) {
   mutex.unlockWrite();
   expectAnotherReaderGetsIn(mutex);
   mutex.unlockRead();
-  expectFreeForAnotherWriter(mutex);
-}
-
-TEST(ReadWriteMutexConcurrency, SoleReaderUpgradesToWriter) {
-  DeadlockGuard guard;
-  ReadWriteMutex mutex;
-  {
-    ReadWriteMutex::ScopedReadLock read(mutex);
-    ReadWriteMutex::ScopedReadLock nested(mutex);
-    ReadWriteMutex::ScopedWriteLock write(mutex);
-    ReadWriteMutex::ScopedWriteLock writeAgain(mutex);
-  }
   expectFreeForAnotherWriter(mutex);
 }
 

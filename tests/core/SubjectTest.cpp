@@ -151,10 +151,6 @@ TEST_F(SubjectTest, CopiesStartWithoutObservers) {
   EXPECT_EQ((Names{"b"}), log);
 }
 
-}  // namespace
-
-namespace {
-
 TEST_F(SubjectTest, ConcernedObserversHearOnlyTheNotificationsThatNameThem) {
   ScriptedObserver stranger("stranger", log);
   subject.attach(&c);

@@ -53,8 +53,6 @@ std::string write(const XMLable& element, int indent, const std::string& extra =
   return out.str();
 }
 
-}  // namespace
-
 TEST(XMLableTest, NestsChildrenTwoBlanksDeeperAndPutsExtraAttributesBehindOwnOnes) {
   Element leaf("Leaf", "x", false);
   Element empty("Empty", "", true);
@@ -171,8 +169,6 @@ TEST(XMLTextTest, FloatsUseTheShortestFloatForm) {
   }
 }
 
-namespace {
-
 // A line gives the stream the text that the stream's own writers give, at
 // every offset of its pieces against the end of its buffer: numbers that
 // would cross it, a piece larger than it, deep indents, escaped strings.
@@ -182,30 +178,32 @@ TEST(XMLTextTest, ALineWritesWhatTheStreamWritersWrite) {
     std::ostringstream expected;
     std::ostringstream got;
     KelMediaLib::XMLLine line(got);
-    const std::string prefix(static_cast<std::size_t>(shift), 'p');
-    KelMediaLib::writeRaw(expected, prefix);
-    line.raw(prefix.data(), prefix.size());
+    auto literal = [&](const auto& text) {
+      KelMediaLib::writeLiteral(expected, text);
+      line.literal(text);
+    };
+    auto value = [&](const auto& v) {
+      KelMediaLib::writeXMLValue(expected, v);
+      line.value(v);
+    };
+    auto raw = [&](const std::string& text) {
+      KelMediaLib::writeRaw(expected, text);
+      line.raw(text.data(), text.size());
+    };
+    raw(std::string(static_cast<std::size_t>(shift), 'p'));
     for (int i = 0; i < 200; ++i) {
-      const double value = 1.0 / 3.0 * i - 1e300 * (i % 2);
+      const double number = 1.0 / 3.0 * i - 1e300 * (i % 2);
       KelMediaLib::writeIndent(expected, i % 40);
-      KelMediaLib::writeLiteral(expected, "<K t=\"");
-      KelMediaLib::writeXMLValue(expected, std::numeric_limits<long long>::min() + i);
-      KelMediaLib::writeLiteral(expected, "\" v=\"");
-      KelMediaLib::writeXMLValue(expected, value);
-      KelMediaLib::writeXMLValue(expected, static_cast<float>(value));
-      KelMediaLib::writeXMLValue(expected, std::string("a<\"b"));
-      KelMediaLib::writeLiteral(expected, "\"/>\n");
       line.indent(i % 40);
-      line.literal("<K t=\"");
-      line.value(std::numeric_limits<long long>::min() + i);
-      line.literal("\" v=\"");
-      line.value(value);
-      line.value(static_cast<float>(value));
-      line.value(std::string("a<\"b"));
-      line.literal("\"/>\n");
+      literal("<K t=\"");
+      value(std::numeric_limits<long long>::min() + i);
+      literal("\" v=\"");
+      value(number);
+      value(static_cast<float>(number));
+      value(std::string("a<\"b"));
+      literal("\"/>\n");
       if (i % 50 == 0) {
-        KelMediaLib::writeRaw(expected, large);
-        line.raw(large.data(), large.size());
+        raw(large);
       }
     }
     line.flush();

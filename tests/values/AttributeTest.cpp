@@ -1,6 +1,7 @@
 #include "core/Attribute.h"
 #include "core/KelMediaLibException.h"
 #include "core/Observer.h"
+#include "values/ParameterTestSupport.h"
 #include "values/SetAttributeValueCmd.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@
 #include <boost/scoped_ptr.hpp>
 
 #include <atomic>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -19,6 +19,8 @@
 namespace {
 
 using namespace KelMediaLib;
+using parameterTests::text;
+using parameterTests::xmlOf;
 
 // A shared value that the templates only pass around: incomplete where used.
 struct Recording;
@@ -26,24 +28,6 @@ typedef boost::shared_ptr<const Recording> RecordingPtr;
 RecordingPtr makeRecording();
 void writeXMLValue(std::ostream& out, const RecordingPtr& recording) {
   out << !!recording;
-}
-
-template <class T>
-std::string text(const T& value) {
-  std::ostringstream out;
-  out << value;
-  return out.str();
-}
-template <class U>
-std::string text(const boost::shared_ptr<U>& value) {
-  return text(static_cast<const void*>(value.get()));
-}
-
-std::string xmlOf(const XMLable& element) {
-  std::ostringstream out;
-  XMLable::Options options(out);
-  element.toXML(options, 0, std::string());
-  return out.str();
 }
 
 // Records the attribute's value at each notification.

@@ -12,7 +12,6 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 
-#include <cmath>
 #include <functional>
 #include <limits>
 #include <string>
@@ -49,6 +48,9 @@ Interp sigmoid() {
 Interp left() {
   return LeftInterpolater<double>::getInstance();
 }
+Interp linear() {
+  return LinearInterpolater<double>::getInstance();
+}
 
 class InterpolatingParamTest : public ::testing::Test {
  protected:
@@ -56,14 +58,6 @@ class InterpolatingParamTest : public ::testing::Test {
   boost::shared_ptr<InterpolatingParam<double>> scale =
       InterpolatingParam<double>::create(project, "scale", 1.0);
 };
-
-TEST_F(InterpolatingParamTest, IsBornWithALinearCompanionAtZero) {
-  const auto companion = scale->interpolaterParameter();
-  ASSERT_TRUE(companion);
-  EXPECT_EQ("interpolater", companion->name());
-  EXPECT_EQ((std::vector<long long>{0}), companion->keyFrameTimes());
-  EXPECT_EQ(Interp(LinearInterpolater<double>::getInstance()), companion->keyFrame(0)->value());
-}
 
 TEST_F(InterpolatingParamTest, MixesLinearlyBetweenAndHoldsTheEndsOutside) {
   scale->setKeyFrameValue(0, 0.0);
@@ -91,22 +85,14 @@ TEST_F(InterpolatingParamTest, EachStretchUsesTheCompanionsInterpolaterAtItsLeft
   const struct {
     const char* what;
     std::vector<std::pair<long long, Interp>> companion;
-    double at5, at15, at25, at12_5;
+    double at[4];  // at 5, 15, 25 and 12.5
   } cases[] = {
-      {"at birth", {{0, LinearInterpolater<double>::getInstance()}}, 0.5, 0.5, 0.5, 0.75},
-      {"changed mid-way",
-       {{0, LinearInterpolater<double>::getInstance()}, {10, easeIn()}},
-       0.5,
-       0.75,
-       0.25,
-       0.9375},
+      {"at birth", {{0, linear()}}, {0.5, 0.5, 0.5, 0.75}},
+      {"changed mid-way", {{0, linear()}, {10, easeIn()}}, {0.5, 0.75, 0.25, 0.9375}},
       {"one inside a stretch governs only the next",
-       {{0, LinearInterpolater<double>::getInstance()}, {10, easeIn()}, {12, left()}},
-       0.5,
-       0.75,
-       0.0,
-       0.9375},
-      {"earlier one serves", {{-1, sigmoid()}, {20, left()}}, 0.5, 0.5, 0.0, 0.875},
+       {{0, linear()}, {10, easeIn()}, {12, left()}},
+       {0.5, 0.75, 0.0, 0.9375}},
+      {"earlier one serves", {{-1, sigmoid()}, {20, left()}}, {0.5, 0.5, 0.0, 0.875}},
   };
   for (const auto& c : cases) {
     const auto companion = scale->interpolaterParameter();
@@ -116,10 +102,10 @@ TEST_F(InterpolatingParamTest, EachStretchUsesTheCompanionsInterpolaterAtItsLeft
     for (const auto& entry : c.companion) {
       companion->addKeyFrame(entry.first, entry.second);
     }
-    EXPECT_DOUBLE_EQ(c.at5, scale->valueAt(5)) << c.what;
-    EXPECT_DOUBLE_EQ(c.at15, scale->valueAt(15)) << c.what;
-    EXPECT_DOUBLE_EQ(c.at25, scale->valueAt(25)) << c.what;
-    EXPECT_DOUBLE_EQ(c.at12_5, scale->valueAt(12.5)) << c.what;
+    const double times[] = {5, 15, 25, 12.5};
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_DOUBLE_EQ(c.at[i], scale->valueAt(times[i])) << c.what << " at " << times[i];
+    }
     EXPECT_DOUBLE_EQ(1.0, scale->valueAt(30)) << c.what;
   }
 }
@@ -166,32 +152,26 @@ TEST_F(InterpolatingParamTest, CopyTakesTheCompanionAlongAndRefusesPlainParamete
   EXPECT_EQ(1, observer.count);
 }
 
+// The companion is born holding the shared linear instance at 0.
 TEST_F(InterpolatingParamTest, WritesTheCompanionBeforeItsKeyFrames) {
+  EXPECT_EQ(linear(), scale->interpolaterParameter()->keyFrame(0)->value());
   scale->interpolaterParameter()->addKeyFrame(10, easeIn());
-  const std::string id = "1";
-  const std::string companionId = "2";
-  EXPECT_EQ("<InterpolatingParam id=\"" + id +
-                "\" name=\"scale\">\n"
-                "  <Parameters>\n"
-                "    <Parameter id=\"" +
-                companionId +
-                "\" name=\"interpolater\">\n"
-                "      <Keyframes>\n"
-                "        <Keyframe time=\"0\" value=\"linr\"/>\n"
-                "        <Keyframe time=\"10\" value=\"esIn\"/>\n"
-                "      </Keyframes>\n"
-                "    </Parameter>\n"
-                "  </Parameters>\n"
-                "  <Keyframes>\n"
-                "    <Keyframe time=\"0\" value=\"1\"/>\n"
-                "  </Keyframes>\n"
-                "</InterpolatingParam>\n",
-            xmlOf(*scale));
+  EXPECT_EQ(
+      "<InterpolatingParam id=\"1\" name=\"scale\">\n"
+      "  <Parameters>\n"
+      "    <Parameter id=\"2\" name=\"interpolater\">\n"
+      "      <Keyframes>\n"
+      "        <Keyframe time=\"0\" value=\"linr\"/>\n"
+      "        <Keyframe time=\"10\" value=\"esIn\"/>\n"
+      "      </Keyframes>\n"
+      "    </Parameter>\n"
+      "  </Parameters>\n"
+      "  <Keyframes>\n"
+      "    <Keyframe time=\"0\" value=\"1\"/>\n"
+      "  </Keyframes>\n"
+      "</InterpolatingParam>\n",
+      xmlOf(*scale));
 }
-
-}  // namespace
-
-namespace {
 
 std::string timesOf(const InterpolatingParam<double>::InterpolaterParameter& companion) {
   std::string text;
@@ -265,10 +245,6 @@ TEST_F(InterpolatingParamTest, CompanionEditsReachTheParametersObserversOnce) {
   scale->detach(&observer);
 }
 
-}  // namespace
-
-namespace {
-
 // A parameter makes its companion when first asked for it. Until then it
 // acts as one whose companion rests (linear at 0): each edit, made on a
 // parameter whose companion is made and on one whose isn't, gives the same
@@ -312,34 +288,31 @@ TEST_F(InterpolatingParamTest, ReleasesACompanionOnlyAtRestAndUnheld) {
   using Held = boost::shared_ptr<const void>;
   const struct {
     const char* state;
-    std::function<Held(InterpolatingParam<double>&)> prepare;
-    bool journalOpen;
     bool released;
+    bool journalOpen;
+    std::function<Held(InterpolatingParam<double>&)> prepare;
   } cases[] = {
-      {"at rest", [](auto&) { return Held(); }, false, true},
-      {"at rest again",
+      {"at rest", true, false, [](auto&) { return Held(); }},
+      {"at rest again", true, false,
        [](auto& p) {
          p.interpolaterParameter()->addKeyFrame(10, easeIn());
          p.interpolaterParameter()->removeKeyFrame(10);
          return Held();
-       },
-       false, true},
-      {"held by a caller", [](auto& p) { return Held(p.interpolaterParameter()); }, false, false},
-      {"its key frame held", [](auto& p) { return Held(p.interpolaterParameter()->keyFrame(0)); },
-       false, false},
-      {"another interpolater",
+       }},
+      {"held by a caller", false, false, [](auto& p) { return Held(p.interpolaterParameter()); }},
+      {"its key frame held", false, false,
+       [](auto& p) { return Held(p.interpolaterParameter()->keyFrame(0)); }},
+      {"another interpolater", false, false,
        [](auto& p) {
          p.interpolaterParameter()->setKeyFrameValue(0, left());
          return Held();
-       },
-       false, false},
-      {"two key frames",
+       }},
+      {"two key frames", false, false,
        [](auto& p) {
          p.interpolaterParameter()->addKeyFrame(10, easeIn());
          return Held();
-       },
-       false, false},
-      {"a journal open", [](auto&) { return Held(); }, true, false}};
+       }},
+      {"a journal open", false, true, [](auto&) { return Held(); }}};
   for (const auto& c : cases) {
     const auto param = InterpolatingParam<double>::create(project, "scale", 1.0);
     const boost::weak_ptr<const void> before = param->interpolaterParameter();

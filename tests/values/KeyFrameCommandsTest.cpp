@@ -5,6 +5,7 @@
 #include "values/ChangeParameterKeyFrameCmd.h"
 #include "values/InterpolatingParam.h"
 #include "values/LeftParameter.h"
+#include "values/ParameterTestSupport.h"
 #include "values/RemoveParameterKeyFrameCmd.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@
 #include <boost/scoped_ptr.hpp>
 
 #include <limits>
-#include <sstream>
 #include <string>
 #include <tuple>
 #include <typeinfo>
@@ -24,6 +24,8 @@ template class KelMediaLib::ChangeParameterKeyFrameByDeltaCmd<KelMediaLib::Param
 namespace {
 
 using namespace KelMediaLib;
+using parameterTests::text;
+using parameterTests::xmlOf;
 typedef boost::shared_ptr<const Parametric> ParametricPtr;
 
 // Maps its own time onto its parameters' axis by a factor.
@@ -36,17 +38,6 @@ class ScaledParametric : public Parametric {
   double factor_;
 };
 
-template <class V>
-std::string text(const V& value) {
-  std::ostringstream out;
-  out << value;
-  return out.str();
-}
-template <class U>
-std::string text(const boost::shared_ptr<U>& value) {
-  return text(static_cast<const void*>(value.get()));
-}
-
 // The whole state of a parameter: "time=value;" for each key frame.
 template <class P>
 std::string snapshot(const P& parameter) {
@@ -55,13 +46,6 @@ std::string snapshot(const P& parameter) {
     all += std::to_string(frame->time()) + "=" + text(frame->value()) + ";";
   }
   return all;
-}
-
-std::string xmlOf(const Command& command) {
-  std::ostringstream out;
-  XMLable::Options options(out);
-  command.toXML(options, 0, std::string());
-  return out.str();
 }
 
 const std::string none = text(static_cast<const void*>(nullptr));

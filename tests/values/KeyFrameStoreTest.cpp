@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <new>
 #include <map>
@@ -260,32 +261,6 @@ TYPED_TEST(KeyFrameStoreTest, GrowsAndShrinksThroughEverySizeInEveryOrder) {
   }
 }
 
-TYPED_TEST(KeyFrameStoreTest, CopiesAreIndependentAndMovesAndSwapsTakeEverything) {
-  TypeParam store;
-  for (long long key = -150; key < 150; key += 3) {
-    store[key] = valueFor(key, 0);
-  }
-  const Contents original = walk(store);
-  TypeParam copy(store);
-  store[0] = "changed";
-  store.erase(-150);
-  EXPECT_EQ(original, walk(copy));
-
-  TypeParam other;
-  other[7] = "seven";
-  other.swap(copy);
-  EXPECT_EQ(original, walk(other));
-  EXPECT_EQ((Contents{{7, "seven"}}), walk(copy));
-
-  TypeParam moved(std::move(other));
-  EXPECT_EQ(original, walk(moved));
-  EXPECT_TRUE(other.empty());
-  copy = moved;
-  moved.clear();
-  EXPECT_EQ(original, walk(copy));
-  EXPECT_TRUE(moved.begin() == moved.end());
-}
-
 // A value whose copying fails once a budget of copies is spent.
 int copiesLeft = 0;
 struct Fragile {
@@ -347,8 +322,10 @@ Store storeOf(const std::map<long long, std::string>& model) {
   return store;
 }
 
-TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
-  for (const int size : kSizesAroundSteps) {
+TYPED_TEST(KeyFrameStoreTest, CopiesSwapsMovesAndKeyMovesAroundEachGrowthStep) {
+  std::vector<int> sizes(std::begin(kSizesAroundSteps), std::end(kSizesAroundSteps));
+  sizes.push_back(100);  // several leaves of every shape
+  for (const int size : sizes) {
     SCOPED_TRACE(size);
     const std::map<long long, std::string> model = modelOf(size, 0);
     TypeParam store = storeOf<TypeParam>(model);
@@ -356,6 +333,7 @@ TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
     TypeParam copy(store);
     ASSERT_EQ(contentsOf(model), walk(copy));
     std::map<long long, std::string> grown = model;
+    copy[0] = grown[0] = "changed";
     for (int extra = 0; extra < 5; ++extra) {
       const long long key = 10 * (size + extra);
       copy[key] = valueFor(key, 1);
@@ -369,6 +347,14 @@ TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
     other.swap(store);
     EXPECT_EQ(contentsOf(model), walk(other));
     EXPECT_EQ((Contents{{-5, "alone"}}), walk(store));
+    // A move takes everything; assignment replaces what was there.
+    TypeParam taker(std::move(other));
+    EXPECT_TRUE(other.empty());
+    EXPECT_EQ(contentsOf(model), walk(taker));
+    store = taker;
+    taker.clear();
+    EXPECT_TRUE(taker.begin() == taker.end());
+    EXPECT_EQ(contentsOf(model), walk(store));
 
     // Moves of each key: in place between its neighbours, past all of them to
     // either end, and onto a taken time, which is refused.
@@ -377,17 +363,17 @@ TYPED_TEST(KeyFrameStoreTest, CopiesSwapsAndMovesOfKeyAroundEachGrowthStep) {
       const long long from = i * 10;
       long long at = from;
       for (const long long to : {from + 3, kMax - i, kMin + i, from}) {
-        ASSERT_TRUE(other.moveKey(other.find(at), to)) << at << " to " << to;
+        ASSERT_TRUE(store.moveKey(store.find(at), to)) << at << " to " << to;
         const std::string value = moved[at];
         moved.erase(at);
         moved[to] = value;
-        ASSERT_EQ(contentsOf(moved), walk(other)) << at << " to " << to;
+        ASSERT_EQ(contentsOf(moved), walk(store)) << at << " to " << to;
         at = to;
       }
       if (size > 1) {
         const long long taken = i == 0 ? 10 : 0;
-        EXPECT_FALSE(other.moveKey(other.find(from), taken));
-        EXPECT_EQ(contentsOf(moved), walk(other));
+        EXPECT_FALSE(store.moveKey(store.find(from), taken));
+        EXPECT_EQ(contentsOf(moved), walk(store));
       }
     }
   }

@@ -14,7 +14,6 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <vector>
 
 using KelMediaLib::KeyFrame;
 using KelMediaLib::Parameter;

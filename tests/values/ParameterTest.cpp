@@ -13,6 +13,7 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 using KelMediaLib::KelMediaLibException;
@@ -46,30 +47,14 @@ TEST_F(ParameterTest, ValueAtHoldsTheLeftKeyFrameAndTheEndValuesOutside) {
   opacity->addKeyFrame(20, 4.0);
   opacity->addKeyFrame(30, 6.0);
   const double inf = std::numeric_limits<double>::infinity();
-  const struct {
-    double time;
-    double expected;
-  } cases[] = {
-      {-5, 2},
-      {0, 2},
-      {9.999, 2},
-      {10, 2},
-      {10.5, 2},
-      {19.999999, 2},
-      {20, 4},
-      {29.5, 4},
-      {30, 6},
-      {31, 6},
-      {1e300, 6},
-      {-1e300, 2},
-      {inf, 6},
-      {-inf, 2},
-      {9.2e18, 6},
-      {-9.2e18, 2},
-      {std::numeric_limits<double>::quiet_NaN(), 2},
-  };
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  // time, value
+  const std::pair<double, double> cases[] = {
+      {-5, 2},  {0, 2},    {9.999, 2},  {10, 2},      {10.5, 2},  {19.999999, 2},
+      {20, 4},  {29.5, 4}, {30, 6},     {31, 6},      {1e300, 6}, {-1e300, 2},
+      {inf, 6}, {-inf, 2}, {9.2e18, 6}, {-9.2e18, 2}, {nan, 2}};
   for (const auto& c : cases) {
-    EXPECT_EQ(c.expected, opacity->valueAt(c.time)) << "at " << c.time;
+    EXPECT_EQ(c.second, opacity->valueAt(c.first)) << "at " << c.first;
   }
 }
 
@@ -80,24 +65,13 @@ TEST_F(ParameterTest, NeighbourQueriesLookStrictlyBeforeAndAfterUpToTheLimits) {
 
   opacity->addKeyFrame(-5, 0.5);
   opacity->addKeyFrame(10, 0.0);
-  const struct {
-    long long time;
-    long long prev;
-    long long next;
-  } cases[] = {
-      {kMinTime, kMinTime, -5},
-      {-6, kMinTime, -5},
-      {-5, kMinTime, 0},
-      {-1, -5, 0},
-      {0, -5, 10},
-      {3, 0, 10},
-      {10, 0, kMaxTime},
-      {11, 10, kMaxTime},
-      {kMaxTime, 10, kMaxTime},
-  };
+  const long long lo = kMinTime, hi = kMaxTime;
+  // time, previous, next
+  const long long cases[][3] = {{lo, lo, -5}, {-6, lo, -5}, {-5, lo, 0},  {-1, -5, 0}, {0, -5, 10},
+                                {3, 0, 10},   {10, 0, hi},  {11, 10, hi}, {hi, 10, hi}};
   for (const auto& c : cases) {
-    EXPECT_EQ(c.prev, opacity->prevKeyFrameTime(c.time)) << "before " << c.time;
-    EXPECT_EQ(c.next, opacity->nextKeyFrameTime(c.time)) << "after " << c.time;
+    EXPECT_EQ(c[1], opacity->prevKeyFrameTime(c[0])) << "before " << c[0];
+    EXPECT_EQ(c[2], opacity->nextKeyFrameTime(c[0])) << "after " << c[0];
   }
   EXPECT_EQ(-5, opacity->firstKeyFrameTime());
   EXPECT_EQ(10, opacity->lastKeyFrameTime());

@@ -46,6 +46,18 @@ std::string keyFrameText(const P& parameter) {
   return out.str();
 }
 
+// A value as a stream writes it; a shared object as its address.
+template <class V>
+std::string text(const V& value) {
+  std::ostringstream out;
+  out << value;
+  return out.str();
+}
+template <class U>
+std::string text(const boost::shared_ptr<U>& value) {
+  return text(static_cast<const void*>(value.get()));
+}
+
 // The text of an element written at depth 0 with no extra attributes.
 template <class X>
 std::string xmlOf(const X& element) {

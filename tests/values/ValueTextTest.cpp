@@ -49,16 +49,14 @@ TEST(ValueTextTest, AwkwardNumbersRoundTrip) {
 }
 
 TEST(ValueTextTest, WrittenForms) {
-  EXPECT_EQ(boost::lexical_cast<std::string>(Point(1, 2.5, -3)), "(1,2.5,-3)");
-  EXPECT_EQ(boost::lexical_cast<std::string>(Color(1, 0.5f, 0, 1)), "(1,0.5,0,1)");
-  EXPECT_EQ(boost::lexical_cast<std::string>(AudioPosition(-1, 0.25)), "(-1,0.25)");
-  EXPECT_EQ(boost::lexical_cast<std::string>(TransformMatrix::identity()),
-            "(1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1)");
-  EXPECT_EQ(boost::lexical_cast<std::string>(Rect<double>(0.1, -2.5, 1e-300, 3)),
-            "(0.1,-2.5,1e-300,3)");
-  EXPECT_EQ(boost::lexical_cast<std::string>(std::vector<Rect<float>>()), "[]");
-  EXPECT_EQ(boost::lexical_cast<std::string>(
-                std::vector<Rect<float>>{Rect<float>(1, 2, 3, 4), Rect<float>(5, 6, 7, 8)}),
+  const auto text = [](const auto& value) { return boost::lexical_cast<std::string>(value); };
+  EXPECT_EQ(text(Point(1, 2.5, -3)), "(1,2.5,-3)");
+  EXPECT_EQ(text(Color(1, 0.5f, 0, 1)), "(1,0.5,0,1)");
+  EXPECT_EQ(text(AudioPosition(-1, 0.25)), "(-1,0.25)");
+  EXPECT_EQ(text(TransformMatrix::identity()), "(1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1)");
+  EXPECT_EQ(text(Rect<double>(0.1, -2.5, 1e-300, 3)), "(0.1,-2.5,1e-300,3)");
+  EXPECT_EQ(text(std::vector<Rect<float>>()), "[]");
+  EXPECT_EQ(text(std::vector<Rect<float>>{Rect<float>(1, 2, 3, 4), Rect<float>(5, 6, 7, 8)}),
             "[(1,2,3,4),(5,6,7,8)]");
 }
 

@@ -24,7 +24,6 @@ class VectorParamTest : public ::testing::Test {
 
 TEST_F(VectorParamTest, MembersAreNamedByIndexAndRestOnTheirDefaults) {
   const auto crop = VectorParam::create(project, "sourceCrop", {0, 1, 2, 3});
-  EXPECT_EQ("sourceCrop", crop->name());
   ASSERT_EQ(4, crop->numDimensions());
   for (int i = 0; i < 4; ++i) {
     EXPECT_EQ("sourceCrop" + std::to_string(i), crop->at(i)->name());
@@ -32,7 +31,6 @@ TEST_F(VectorParamTest, MembersAreNamedByIndexAndRestOnTheirDefaults) {
     EXPECT_EQ(1u, crop->at(i)->numKeyFrames());
     EXPECT_TRUE(crop->at(i)->interpolaterParameter());
   }
-  EXPECT_NE(crop->at(0), crop->at(1));
 
   crop->at(2)->addKeyFrame(10, 4);
   EXPECT_EQ((std::vector<double>{0, 1, 3, 3}), crop->valueAt(5));
